@@ -1,0 +1,15 @@
+#pragma once
+
+#include <QString>
+
+/// The pendant's running log: a rotating text file.
+class PrintLog {
+public:
+    /// Writes one line. `level`: 0 debug, 1 information, 2 warning, 3 error.
+    static void OutputToLog(const QString &text, int level);
+
+    /// Opens `<directory>/pendant.log`; until then lines go to the journal alone. False when the
+    /// file cannot be opened.
+    static bool open(const QString &directory);
+    static void close();
+};
