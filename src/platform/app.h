@@ -17,6 +17,7 @@ public:
     static int mainPage_; ///< main area that is shown; 2: the process pages
     static int secondPage_; ///< page within it; 28: process menu, 29: projects, 30: point page
     static AUTHORITY sysUser; ///< role of the current user
+    static bool locked_; ///< the lock screen is up: no operator action is taken
     static bool isDeg; ///< angles are shown in degrees; the controller's unit is the radian
     static bool isSendLargeData_; ///< a large transfer is under way
     static QString xmlName; ///< name of the current special-process project
@@ -26,6 +27,12 @@ public:
     /// Whether `user` may do what `label` names (the translated text of the action). A refusal
     /// tells the user so by itself.
     static bool ForbidOperatorAuthority(AUTHORITY user, const QString &label);
+
+    /// The least role that may do what `label` names, in the source language or translated; a label
+    /// that is in no list asks for the administrator.
+    static AUTHORITY requiredRole(const QString &label);
+    /// The role's name for the screen.
+    static QString roleName(AUTHORITY role);
 
     /// False while the application takes no operator actions: locked, or waiting in Delayms().
     static bool canDoOperate();

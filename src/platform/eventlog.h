@@ -10,9 +10,10 @@
 ///
 /// Kinds and their values, in the order given:
 ///   "message" (id, body) · "toast" (text, duration ms, kind, flag) · "prompt" (number, text) ·
-///   "promptClosed" (number) · "log" (text, level) · "rights" (label, granted) · "cover" · "uncover" ·
-///   "safetySwitch" (value) · "delay" (ms) · "job" (operation, name) · "config" (operation) ·
-///   "link" (what, detail) · "key" (name, value) · "reading" (message id, path: what could not be read)
+///   "promptClosed" (number) · "log" (text, level) · "rights" (label, granted) · "cover" ·
+///   "uncover" · "safetySwitch" (value) · "delay" (ms) · "job" (operation, name) · "config"
+///   (operation) · "link" (what, detail) · "key" (name, value) · "reading" (message id, path: what
+///   could not be read)
 ///
 /// The journal keeps the last `capacity()` entries; long bodies are kept cut to `kKeptBytes`, while
 /// `recorded` carries them whole.
@@ -35,8 +36,17 @@ public:
     /// Oldest first.
     const std::deque<Entry> &entries() const { return m_entries; }
     int capacity() const { return m_capacity; }
-    void setCapacity(int entries);
+    void setCapacity(int entries); ///< at least 1
     void clear();
+
+    /// The values of one entry as one readable line: ids of messages in hexadecimal, bodies as
+    /// text, tabs, line ends and other control characters escaped (\\t, \\n, \\xNN).
+    static QString valuesText(const Entry &entry);
+
+    /// Writes the kept entries, oldest first, as UTF-8 lines of four tab-separated columns: number,
+    /// local time (ISO 8601 with milliseconds), kind, values. The file appears complete or not at
+    /// all; false with `error` filled when it cannot be written.
+    bool exportText(const QString &path, QString *error = nullptr) const;
 
 signals:
     void recorded(const QString &kind, const QVariantList &values);
