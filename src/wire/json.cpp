@@ -27,13 +27,32 @@ QByteArray writeLine(const Json::Value &value)
     return QByteArray::fromStdString(writer.write(value));
 }
 
-const Json::Value *find(const Json::Value &root, std::initializer_list<const char *> path)
+bool hasInfinity(const QByteArray &body)
+{
+    constexpr char kInfinity[] = "1e+9999";
+    if (!body.contains(kInfinity))
+        return false;
+    // It counts outside of texts only.
+    bool inText = false;
+    for (int i = 0; i < body.size(); ++i) {
+        const char c = body.at(i);
+        if (inText && c == '\\')
+            ++i;
+        else if (c == '"')
+            inText = !inText;
+        else if (!inText && c == '1' && body.mid(i, sizeof(kInfinity) - 1) == kInfinity)
+            return true;
+    }
+    return false;
+}
+
+const Json::Value *find(const Json::Value &root, const char *const *path, std::size_t keys)
 {
     const Json::Value *value = &root;
-    for (const char *key : path) {
+    for (std::size_t i = 0; i < keys; ++i) {
         if (!value->isObject())
             return nullptr;
-        value = value->find(key, key + std::char_traits<char>::length(key));
+        value = value->find(path[i], path[i] + std::char_traits<char>::length(path[i]));
         if (!value)
             return nullptr;
     }

@@ -19,12 +19,19 @@ std::optional<Json::Value> parseObject(const QByteArray &body);
 /// One line as Json::FastWriter writes it, with its trailing newline. Numbers must be finite.
 QByteArray writeLine(const Json::Value &value);
 
-/// The value under a path of keys; null when a key is missing or what should hold it is no object.
-const Json::Value *find(const Json::Value &root, std::initializer_list<const char *> path);
+/// Whether a body holds an infinite number, which FastWriter writes as 1e+9999 and no reader takes.
+bool hasInfinity(const QByteArray &body);
 
-// Typed reads under a path of keys, `number(root, "polish", "toolWear")`. They convert among numbers
-// as JsonCpp does (a real is cut towards zero) and take everything else as absent: texts, booleans,
-// null, arrays, objects, numbers out of range.
+/// The value under a path of keys; null when a key is missing or what should hold it is no object.
+const Json::Value *find(const Json::Value &root, const char *const *path, std::size_t keys);
+inline const Json::Value *find(const Json::Value &root, std::initializer_list<const char *> path)
+{
+    return find(root, path.begin(), path.size());
+}
+
+// Typed reads under a path of keys, `number(root, "polish", "toolWear")`. They convert among
+// numbers as JsonCpp does (a real is cut towards zero) and take everything else as absent: texts,
+// booleans, null, arrays, objects, numbers out of range.
 std::optional<double> asNumber(const Json::Value *value);
 std::optional<int> asInteger(const Json::Value *value);
 std::optional<QString> asText(const Json::Value *value);

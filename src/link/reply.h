@@ -1,0 +1,99 @@
+#pragma once
+
+#include "wire/ids.h"
+#include "wire/json.h"
+
+#include <optional>
+
+class QComboBox;
+
+/// A reply of the controller that passed the checks of its slot, and the typed reads of its values.
+/// A read that finds another type than it asks for gives nothing, and names message and path in the
+/// journal; a value that is simply not there gives nothing without a word.
+class Reply {
+public:
+    Reply(wire::reply::Id id, Json::Value root);
+
+    const Json::Value &root() const { return m_root; }
+    // Reads under a path of keys, `number("polish", "toolWear")`.
+    template <typename... Keys> bool has(Keys... keys) const
+    {
+        return wire::find(m_root, {keys...}) != nullptr;
+    }
+    template <typename... Keys> std::optional<double> number(Keys... keys) const
+    {
+        return read(wire::asNumber, {keys...});
+    }
+    /// A real is cut towards zero; a number beyond int is nothing.
+    template <typename... Keys> std::optional<int> integer(Keys... keys) const
+    {
+        return read(wire::asInteger, {keys...});
+    }
+    template <typename... Keys> std::optional<QString> text(Keys... keys) const
+    {
+        return read(wire::asText, {keys...});
+    }
+    /// Null when there is no array.
+    template <typename... Keys> const Json::Value *array(Keys... keys) const
+    {
+        return read(wire::asArray, {keys...});
+    }
+    /// The same for a path that a table holds.
+    std::optional<double> numberAt(const char *const *path, std::size_t keys) const
+    {
+        return read(wire::asNumber, path, keys);
+    }
+
+private:
+    template <typename Value>
+    Value read(Value (*convert)(const Json::Value *), const char *const *path,
+               std::size_t keys) const
+    {
+        Value value = convert(wire::find(m_root, path, keys));
+        if (!value)
+            noteUnreadable(path, keys);
+        return value;
+    }
+    template <typename Value>
+    Value read(Value (*convert)(const Json::Value *),
+               std::initializer_list<const char *> path) const
+    {
+        return read(convert, path.begin(), path.size());
+    }
+    void noteUnreadable(const char *const *path, std::size_t keys) const;
+
+    wire::reply::Id m_id;
+    Json::Value m_root;
+};
+
+/// The checks that a slot makes on a reply before it reads it. All four end silently on a text that
+/// does not parse; which one a slot uses is fixed, and not to be unified.
+namespace reply {
+
+/// "robot" must be there and be the current robot; else the slot ends silently.
+std::optional<Reply> strict(wire::reply::Id id, const QByteArray &body);
+/// Another robot, or none, shows `error`, and the reply is processed all the same.
+std::optional<Reply> warnAndGoOn(wire::reply::Id id, const QByteArray &body, const char *error);
+/// Another robot, or none, shows `error`, and the slot ends.
+std::optional<Reply> warnAndStop(wire::reply::Id id, const QByteArray &body, const char *error);
+/// The robot is not looked at.
+std::optional<Reply> anyRobot(wire::reply::Id id, const QByteArray &body);
+
+/// Sets `selector` to the row of the reply's process number, if it is there and at most the number
+/// of rows. There is no lower bound: 0 and below leave no row selected.
+void selectProcessNumber(QComboBox *selector, const Reply &reply);
+
+/// The errors of the warning checks, shown for 5000 ms with kind 1. The two of the positions end
+/// with a full-width exclamation mark.
+namespace error {
+extern const char *const kTool;
+extern const char *const kTray;
+extern const char *const kPosition;
+extern const char *const kEasyPosition;
+extern const char *const kWorkpiece;
+extern const char *const kApproach;
+extern const char *const kOverlapping;
+extern const char *const kPlane;
+} // namespace error
+
+} // namespace reply

@@ -1,0 +1,42 @@
+#include "link/request.h"
+
+#include "morerobot.h"
+#include "robot.h"
+#include "wire/json.h"
+
+#include <QComboBox>
+
+namespace request {
+
+Json::Value forRobot()
+{
+    Json::Value body;
+    body["robot"] = MoreRobot::getCurrentRobot();
+    return body;
+}
+
+Json::Value forRow(const QComboBox *selector, const char *key)
+{
+    Json::Value body = forRobot();
+    body[key] = selector->currentIndex() + 1;
+    return body;
+}
+
+Json::Value forText(const QComboBox *selector, const char *key)
+{
+    Json::Value body = forRobot();
+    body[key] = selector->currentText().toDouble();
+    return body;
+}
+
+void send(message::Id id, const Json::Value &body)
+{
+    Robot::getInstance()->sendCommandData(id, wire::writeLine(body));
+}
+
+void sendEmpty(message::Id id)
+{
+    Robot::getInstance()->sendCommandData(id, QByteArray());
+}
+
+} // namespace request

@@ -1,0 +1,27 @@
+#include "app.h"
+#include "shell/buttonstyle.h"
+#include "shell/technologyform.h"
+#include "shell/technologywidget.h"
+
+void TechnologyWidget::initBWBTechInterface()
+{
+    setReturnButtonSheet({ui->ReturnProject_Button, ui->OpenProject_Button, ui->btnOpenJob});
+    connect(ui->ReturnProject_Button, &QPushButton::clicked, this,
+            &TechnologyWidget::return_mainPage);
+}
+
+/// The special process from the menu: the project list, with the buttons of that way in.
+void TechnologyWidget::openSpecialProcess()
+{
+    App::secondPage_ = 29;
+    ShowBWBJobList();
+    ui->ReturnProject_Button->show();
+    ui->OpenProject_Button->show();
+    ui->btnOpenJob->hide();
+    emit tnw_WidgetTitle(page::kTitleGroup, page::kTable[page::ProjectList].title, 0);
+}
+
+void TechnologyWidget::ShowBWBJobList()
+{
+    setCurrentIndex(page::ProjectList);
+}
