@@ -21,4 +21,11 @@ public:
     /// What the controller reports; 16 ports of each kind before its first report.
     void setPorts(const QStringList &digitalOut, const QStringList &digitalIn,
                   const QStringList &analogOut);
+
+private:
+    explicit SetingWidget(QObject *parent = nullptr);
+
+    QStringList m_digitalOut;
+    QStringList m_digitalIn;
+    QStringList m_analogOut;
 };

@@ -1,0 +1,37 @@
+#pragma once
+
+#include <QObject>
+#include <QString>
+
+class QTranslator;
+
+/// The language of the screen. Chinese is the language of the source texts; English comes as a
+/// translation file. A change reaches every widget as a LanguageChange event.
+class Language : public QObject {
+    Q_OBJECT
+public:
+    static Language *getInstance();
+
+    /// "zh" or "en".
+    QString current() const { return m_current; }
+
+    /// Switches and stores the choice. False, with nothing changed, for an unknown language or when
+    /// its translation cannot be read.
+    bool setCurrent(const QString &language);
+
+    /// Takes up the language of the last run.
+    void loadStored();
+
+signals:
+    /// The switch is certain and about to happen; every text is still in the old language.
+    void aboutToChange();
+    /// All widgets have been told.
+    void changed(const QString &language);
+
+private:
+    explicit Language(QObject *parent = nullptr);
+    bool apply(const QString &language);
+
+    QString m_current = QStringLiteral("zh");
+    QTranslator *m_english;
+};
