@@ -1,0 +1,383 @@
+#include "useraccounts.h"
+
+#include "eventlog.h"
+#include "printlog.h"
+#include "veltrixdatabase.h"
+
+#include <QDateTime>
+
+#include <sodium.h>
+
+#include <algorithm>
+
+namespace {
+
+using Account = VeltrixDatabase::Account;
+
+const Account *find(const QString &name)
+{
+    for (const Account &account : VeltrixDatabase::getInstance()->accounts()) {
+        if (account.name == name)
+            return &account;
+    }
+    return nullptr;
+}
+
+bool nameTaken(const QString &name)
+{
+    const QVector<Account> &accounts = VeltrixDatabase::getInstance()->accounts();
+    return std::any_of(accounts.begin(), accounts.end(), [&](const Account &account) {
+        return account.name.compare(name, Qt::CaseInsensitive) == 0;
+    });
+}
+
+/// The same text typed on two keyboards may differ in its composed characters; the hash must not.
+QByteArray passwordBytes(const QString &password)
+{
+    return password.normalized(QString::NormalizationForm_C).toUtf8();
+}
+
+bool matches(const Account &account, const QString &password)
+{
+    QByteArray bytes = passwordBytes(password);
+    const bool good = crypto_pwhash_str_verify(account.passwordHash.constData(), bytes.constData(),
+                                               static_cast<unsigned long long>(bytes.size()))
+        == 0;
+    sodium_memzero(bytes.data(), static_cast<std::size_t>(bytes.size()));
+    return good;
+}
+
+/// Seconds of pause after so many failures: 1, 2, 4, ... up to the longest one.
+qint64 pauseSeconds(int failures)
+{
+    if (failures <= 0)
+        return 0;
+    return failures > 9
+        ? UserAccounts::kLongestPause
+        : std::min<qint64>(qint64(1) << (failures - 1), UserAccounts::kLongestPause);
+}
+
+bool refuse(QString *error, const QString &text)
+{
+    if (error)
+        *error = text;
+    return false;
+}
+
+bool goodPassword(const QString &password, QString *error)
+{
+    if (password.isEmpty())
+        return refuse(error, UserAccounts::tr("密码不能为空"));
+    if (password.size() < UserAccounts::kMinimumPassword)
+        return refuse(
+            error, UserAccounts::tr("密码至少需要 %1 个字符").arg(UserAccounts::kMinimumPassword));
+    if (password.size() > UserAccounts::kMaximumPassword)
+        return refuse(error,
+                      UserAccounts::tr("密码最多 %1 个字符").arg(UserAccounts::kMaximumPassword));
+    return true;
+}
+
+bool goodName(const QString &name, QString *error)
+{
+    if (name.isEmpty())
+        return refuse(error, UserAccounts::tr("用户名不能为空"));
+    if (name.size() > UserAccounts::kMaximumName)
+        return refuse(error,
+                      UserAccounts::tr("用户名最多 %1 个字符").arg(UserAccounts::kMaximumName));
+    if (std::any_of(name.begin(), name.end(), [](QChar c) { return !c.isPrint(); }))
+        return refuse(error, UserAccounts::tr("用户名含有不可显示的字符"));
+    if (nameTaken(name))
+        return refuse(error, UserAccounts::tr("用户 %1 已存在").arg(name));
+    return true;
+}
+
+bool goodRole(AUTHORITY role, QString *error)
+{
+    if (role < AUTHORITY_OPERATOR || role > AUTHORITY_ADMINISTRATOR)
+        return refuse(error, UserAccounts::tr("请选择权限"));
+    return true;
+}
+
+void note(const QString &operation, const QString &name, const QString &text, int level)
+{
+    EventLog::getInstance()->record(QStringLiteral("config"), {operation, name});
+    PrintLog::OutputToLog(text, level);
+}
+
+bool store(const Account &account, QString *error)
+{
+    return VeltrixDatabase::getInstance()->saveAccount(account)
+        || refuse(error, UserAccounts::tr("配置数据库无法写入"));
+}
+
+} // namespace
+
+UserAccounts::UserAccounts(QObject *parent)
+    : QObject(parent), m_clock(&QDateTime::currentMSecsSinceEpoch),
+      m_passes(crypto_pwhash_OPSLIMIT_INTERACTIVE), m_bytes(crypto_pwhash_MEMLIMIT_INTERACTIVE)
+{
+    if (sodium_init() < 0)
+        PrintLog::OutputToLog(tr("密码库无法初始化"), 3);
+}
+
+UserAccounts *UserAccounts::getInstance()
+{
+    static UserAccounts *const instance = new UserAccounts;
+    return instance;
+}
+
+void UserAccounts::setClock(std::function<qint64()> clock)
+{
+    m_clock = std::move(clock);
+}
+
+void UserAccounts::setHashCost(unsigned long long passes, std::size_t bytes)
+{
+    m_passes = passes;
+    m_bytes = bytes;
+}
+
+void UserAccounts::start(bool embeddedController)
+{
+    m_current.clear();
+    const bool open = embeddedController && !hasAccounts();
+    App::locked_ = !open;
+    App::sysUser = open ? AUTHORITY_ADMINISTRATOR : AUTHORITY_NONE;
+    emit accountsChanged();
+    emit userChanged();
+    emit lockedChanged(App::locked_);
+}
+
+QStringList UserAccounts::names() const
+{
+    QStringList all;
+    for (const Account &account : VeltrixDatabase::getInstance()->accounts())
+        all += account.name;
+    return all;
+}
+
+bool UserAccounts::hasAccounts() const
+{
+    return !VeltrixDatabase::getInstance()->accounts().isEmpty();
+}
+
+AUTHORITY UserAccounts::role(const QString &name) const
+{
+    const Account *account = find(name);
+    return account ? static_cast<AUTHORITY>(account->role) : AUTHORITY_NONE;
+}
+
+QString UserAccounts::currentUserText() const
+{
+    if (App::sysUser == AUTHORITY_NONE)
+        return App::roleName(AUTHORITY_NONE);
+    if (m_current.isEmpty())
+        return tr("%1（未设密码）").arg(App::roleName(App::sysUser));
+    return tr("%1（%2）").arg(m_current, App::roleName(App::sysUser));
+}
+
+bool UserAccounts::setFirstPassword(const QString &password, QString *error)
+{
+    if (hasAccounts())
+        return refuse(error, tr("管理员密码已设置"));
+    if (!goodPassword(password, error))
+        return false;
+    Account account;
+    account.name = firstAdministrator();
+    account.role = AUTHORITY_ADMINISTRATOR;
+    account.passwordHash = hashed(password);
+    if (account.passwordHash.isEmpty())
+        return refuse(error, tr("密码无法加密，内存不足"));
+    if (!store(account, error))
+        return false;
+    note(QStringLiteral("firstPassword"), account.name, tr("已设置管理员密码"), 1);
+    emit accountsChanged();
+    enter(account.name, AUTHORITY_ADMINISTRATOR);
+    return true;
+}
+
+UserAccounts::LogIn UserAccounts::logIn(const QString &name, const QString &password)
+{
+    const Account *known = find(name);
+    if (!known) {
+        note(QStringLiteral("logInFailed"), name, tr("登录失败：没有用户 %1").arg(name), 2);
+        return LogIn::UnknownUser;
+    }
+    if (waitSeconds(name) > 0)
+        return LogIn::Wait;
+
+    Account account = *known;
+    const bool good = matches(account, password);
+    account.failures = good ? 0 : std::min(account.failures + 1, 1000000);
+    account.lastFailure = good ? 0 : m_clock();
+    if (account.failures != known->failures)
+        VeltrixDatabase::getInstance()->saveAccount(account);
+    if (!good) {
+        note(QStringLiteral("logInFailed"), name,
+             tr("用户 %1 登录失败，连续第 %2 次").arg(name).arg(account.failures), 2);
+        return LogIn::WrongPassword;
+    }
+    note(QStringLiteral("logIn"), name, tr("用户 %1 登录").arg(name), 1);
+    enter(name, static_cast<AUTHORITY>(account.role));
+    return LogIn::Good;
+}
+
+int UserAccounts::waitSeconds(const QString &name)
+{
+    const Account *known = find(name);
+    if (!known || known->failures == 0)
+        return 0;
+    const qint64 now = m_clock();
+    if (now < known->lastFailure) {
+        // The clock was put back; the pause starts anew rather than lasting until it catches up.
+        Account account = *known;
+        account.lastFailure = now;
+        VeltrixDatabase::getInstance()->saveAccount(account);
+        return static_cast<int>(pauseSeconds(account.failures));
+    }
+    const qint64 left = known->lastFailure + 1000 * pauseSeconds(known->failures) - now;
+    return static_cast<int>(std::max<qint64>(0, (left + 999) / 1000));
+}
+
+bool UserAccounts::lock()
+{
+    if (!hasAccounts())
+        return false;
+    if (App::locked_)
+        return true;
+    note(QStringLiteral("lock"), m_current, tr("屏幕锁定，用户 %1").arg(m_current), 1);
+    m_current.clear();
+    App::locked_ = true;
+    App::sysUser = AUTHORITY_NONE;
+    emit userChanged();
+    emit lockedChanged(true);
+    return true;
+}
+
+void UserAccounts::enter(const QString &name, AUTHORITY role)
+{
+    m_current = name;
+    App::sysUser = role;
+    const bool wasLocked = App::locked_;
+    App::locked_ = false;
+    emit userChanged();
+    if (wasLocked)
+        emit lockedChanged(false);
+}
+
+bool UserAccounts::mayManage(QString *error) const
+{
+    return (!App::locked_ && App::sysUser == AUTHORITY_ADMINISTRATOR)
+        || refuse(error, tr("只有管理员可以管理用户"));
+}
+
+int UserAccounts::administrators() const
+{
+    const QVector<Account> &accounts = VeltrixDatabase::getInstance()->accounts();
+    return static_cast<int>(
+        std::count_if(accounts.begin(), accounts.end(), [](const Account &account) {
+            return account.role == AUTHORITY_ADMINISTRATOR;
+        }));
+}
+
+bool UserAccounts::add(const QString &name, AUTHORITY role, const QString &password, QString *error)
+{
+    if (!mayManage(error))
+        return false;
+    Account account;
+    account.name = name.trimmed().normalized(QString::NormalizationForm_C);
+    account.role = role;
+    if (!goodName(account.name, error) || !goodRole(role, error) || !goodPassword(password, error))
+        return false;
+    const bool first = !hasAccounts();
+    if (first && role != AUTHORITY_ADMINISTRATOR)
+        return refuse(error, tr("第一个用户必须是管理员"));
+    account.passwordHash = hashed(password);
+    if (account.passwordHash.isEmpty())
+        return refuse(error, tr("密码无法加密，内存不足"));
+    if (!store(account, error))
+        return false;
+    note(QStringLiteral("userAdded"), account.name,
+         tr("添加用户 %1（%2）").arg(account.name, App::roleName(role)), 1);
+    emit accountsChanged();
+    if (first)
+        enter(account.name, role);
+    return true;
+}
+
+bool UserAccounts::changePassword(const QString &name, const QString &password, QString *error)
+{
+    const bool own = !App::locked_ && !m_current.isEmpty() && name == m_current;
+    if (!own && !mayManage(error))
+        return false;
+    const Account *known = find(name);
+    if (!known)
+        return refuse(error, tr("没有用户 %1").arg(name));
+    if (!goodPassword(password, error))
+        return false;
+    Account account = *known;
+    account.passwordHash = hashed(password);
+    if (account.passwordHash.isEmpty())
+        return refuse(error, tr("密码无法加密，内存不足"));
+    account.failures = 0;
+    account.lastFailure = 0;
+    if (!store(account, error))
+        return false;
+    note(QStringLiteral("passwordChanged"), name, tr("修改用户 %1 的密码").arg(name), 1);
+    emit accountsChanged();
+    return true;
+}
+
+bool UserAccounts::changeRole(const QString &name, AUTHORITY role, QString *error)
+{
+    if (!mayManage(error))
+        return false;
+    const Account *known = find(name);
+    if (!known)
+        return refuse(error, tr("没有用户 %1").arg(name));
+    if (!goodRole(role, error))
+        return false;
+    if (known->role == AUTHORITY_ADMINISTRATOR && role != AUTHORITY_ADMINISTRATOR
+        && administrators() == 1)
+        return refuse(error, tr("必须至少保留一个管理员"));
+    Account account = *known;
+    account.role = role;
+    if (!store(account, error))
+        return false;
+    note(QStringLiteral("roleChanged"), name,
+         tr("用户 %1 的权限改为%2").arg(name, App::roleName(role)), 1);
+    emit accountsChanged();
+    if (name == m_current)
+        enter(name, role);
+    return true;
+}
+
+bool UserAccounts::remove(const QString &name, QString *error)
+{
+    if (!mayManage(error))
+        return false;
+    const Account *known = find(name);
+    if (!known)
+        return refuse(error, tr("没有用户 %1").arg(name));
+    if (known->role == AUTHORITY_ADMINISTRATOR && administrators() == 1)
+        return refuse(error, tr("必须至少保留一个管理员"));
+    if (name == m_current)
+        return refuse(error, tr("不能删除当前用户"));
+    if (!VeltrixDatabase::getInstance()->removeAccount(name))
+        return refuse(error, tr("配置数据库无法写入"));
+    note(QStringLiteral("userRemoved"), name, tr("删除用户 %1").arg(name), 1);
+    emit accountsChanged();
+    return true;
+}
+
+QByteArray UserAccounts::hashed(const QString &password) const
+{
+    QByteArray bytes = passwordBytes(password);
+    char hash[crypto_pwhash_STRBYTES] = {};
+    const bool good =
+        crypto_pwhash_str(hash, bytes.constData(), static_cast<unsigned long long>(bytes.size()),
+                          m_passes, m_bytes)
+        == 0;
+    sodium_memzero(bytes.data(), static_cast<std::size_t>(bytes.size()));
+    return good ? QByteArray(hash) : QByteArray();
+}
