@@ -30,7 +30,7 @@ function(technology_target target)
   set_target_properties(${target} PROPERTIES CXX_EXTENSIONS OFF)
   target_compile_definitions(${target} PRIVATE QT_NO_CAST_FROM_BYTEARRAY)
   target_compile_options(${target} PRIVATE -Wall -Wextra -Wpedantic -Wshadow -Wnon-virtual-dtor
-                                           -Woverloaded-virtual -Wnull-dereference)
+                                           -Woverloaded-virtual)
   if(TECHNOLOGY_WERROR)
     target_compile_options(${target} PRIVATE -Werror)
   endif()
