@@ -33,6 +33,18 @@ public:
     int kinematicType = 1;
 
     // ---- transport ----------------------------------------------------------------------------
+    /// The link's times, in milliseconds.
+    struct LinkTimes {
+        int heartbeat = 1000; ///< after so long without another message a heartbeat is sent
+        int silence = 3500; ///< a controller that says nothing for so long is lost
+        int greeting = 3000; ///< for connecting and greeting together
+        QVector<int> pauses = {250, 500, 1000, 2000,
+                               5000}; ///< before each attempt; the last repeats
+        int warning = 10000; ///< between two link warnings on screen within one outage
+    };
+    /// Takes effect with the next attempt to connect. `pauses` must not be empty.
+    void setLinkTimes(const LinkTimes &times);
+
     /// Connects, and goes on reconnecting with growing pauses until disconnectFromController().
     void connectToController(const QString &host, quint16 port);
     void disconnectFromController();
@@ -44,14 +56,19 @@ public:
     quint64 refusedCount() const;
 
     // ---- keys of the pendant, answered by the next status message -----------------------------
+    // They are no messages of a page: they go out beside sendCommandData, and the journal has them
+    // as "key". Without a connection they are refused like a message.
     void requestServo(bool on);
     void setDeadman(bool held);
+    /// 0: teach; 1: automatic; 2: remote. Another number does nothing.
     void setTeachMode(int mode);
+    /// Tells the controller which robot is worked with; MoreRobot::setCurrentRobot() calls it.
+    /// Until that robot's status comes, servo and deadman read as 0.
     void selectRobot(int robot);
 
 public slots:
     /// The one entry of whatever arrives: decodes by id and emits the signal of that reply. An
-    /// unknown id or an unreadable typed reply is journalled and dropped.
+    /// unknown id or an unreadable typed reply is journalled ("reading") and dropped.
     void receiveMessage(unsigned short id, const QByteArray &body);
 
 signals:

@@ -1,0 +1,53 @@
+#pragma once
+
+#include "robot.h"
+
+#include <QElapsedTimer>
+#include <QPointer>
+#include <QTimer>
+
+namespace Json {
+class Value;
+}
+namespace wire {
+class Connection;
+}
+
+/// What Robot keeps: the connection and what the controller has said of itself.
+struct Robot::Private {
+    explicit Private(Robot *robot) : q(robot) { }
+
+    void open();
+    void onOpened();
+    void onClosed(const QString &reason);
+    void setLink(Link value);
+    void takePorts(const Json::Value &greeting);
+    /// Servo and enabling switch are unknown from here on, which reads as "do not move".
+    void forgetState();
+
+    bool send(unsigned short id, const QByteArray &body);
+    void sendKey(const char *name, int value, bool warns);
+    void refuse(const QString &what, bool warns);
+    void warn();
+
+    void applyStatus(const QByteArray &body);
+
+    Robot *q;
+    LinkTimes times;
+
+    QString host;
+    quint16 port = 0;
+    Link link = Link::Off;
+    QPointer<wire::Connection> connection;
+    QTimer retry;
+    int attempt = 0;
+    bool hasBeenConnected = false; ///< in this run of the program
+    QString lastFailure; ///< of the attempts since the link was last up
+    QElapsedTimer sinceWarning;
+    quint64 refused = 0;
+
+    bool simulated = false;
+    int servo = 0;
+    int deadman = 0;
+    int teachMode = 0;
+};

@@ -1,0 +1,235 @@
+// What arrives: which signal a reply has, and how its body becomes the signal's arguments.
+
+#include "eventlog.h"
+#include "morerobot.h"
+#include "robot.h"
+#include "robotprivate.h"
+#include "wire/ids.h"
+#include "wire/json.h"
+
+#include <algorithm>
+#include <iterator>
+
+namespace {
+
+/// A position has nine values; what is longer than this is none.
+constexpr Json::ArrayIndex kMaxPosition = 64;
+
+void journalUnreadable(unsigned short id, const QString &path)
+{
+    EventLog::getInstance()->record(QStringLiteral("reading"), {int(id), path});
+}
+
+/// The typed reads of one reply; the first that fails leaves its key in `missing`.
+class Reading {
+public:
+    explicit Reading(const QByteArray &body) : m_root(wire::parseObject(body))
+    {
+        if (!m_root)
+            m_missing = "(body)";
+    }
+
+    int integer(const char *key)
+    {
+        const std::optional<int> value = m_root ? wire::integer(*m_root, key) : std::nullopt;
+        return value ? *value : miss(key, 0);
+    }
+    QString text(const char *key)
+    {
+        const std::optional<QString> value = m_root ? wire::text(*m_root, key) : std::nullopt;
+        return value ? *value : miss(key, QString());
+    }
+    QVector<double> numbers(const char *key)
+    {
+        const Json::Value *array = m_root ? wire::array(*m_root, key) : nullptr;
+        if (!array || array->size() > kMaxPosition)
+            return miss(key, QVector<double>());
+        QVector<double> values;
+        for (const Json::Value &item : *array) {
+            const std::optional<double> value = wire::asNumber(&item);
+            if (!value)
+                return miss(key, QVector<double>());
+            values.append(*value);
+        }
+        return values;
+    }
+
+    /// The first key that could not be read; null when all could.
+    const char *missing() const { return m_missing; }
+
+private:
+    template <typename T> T miss(const char *key, const T &nothing)
+    {
+        if (!m_missing)
+            m_missing = key;
+        return nothing;
+    }
+
+    std::optional<Json::Value> m_root;
+    const char *m_missing = nullptr;
+};
+
+// One deliver() per argument list. Most replies go on as the text they are; the others are decoded
+// here. Each returns the key that could not be read, or null when the signal was emitted.
+
+const char *deliver(Robot &robot, void (Robot::*signal)(const QByteArray &), const QByteArray &body)
+{
+    emit(robot.*signal)(body);
+    return nullptr;
+}
+
+const char *deliver(Robot &robot, void (Robot::*signal)(QByteArray), const QByteArray &body)
+{
+    emit(robot.*signal)(body);
+    return nullptr;
+}
+
+// {"toolNum": int, "tool": "x y z a b c", "toolDeg": the same with degrees}
+const char *deliver(Robot &robot, void (Robot::*signal)(int, QByteArray, QByteArray),
+                    const QByteArray &body)
+{
+    Reading reading(body);
+    const int number = reading.integer("toolNum");
+    const QString tool = reading.text("tool");
+    const QString toolDeg = reading.text("toolDeg");
+    if (!reading.missing())
+        emit(robot.*signal)(number, tool.toUtf8(), toolDeg.toUtf8());
+    return reading.missing();
+}
+
+// {"userNum": int, "inquire": text, "pos": [numbers]}
+const char *deliver(Robot &robot, void (Robot::*signal)(int, QString, QVector<double>),
+                    const QByteArray &body)
+{
+    Reading reading(body);
+    const int number = reading.integer("userNum");
+    const QString inquire = reading.text("inquire");
+    const QVector<double> position = reading.numbers("pos");
+    if (!reading.missing())
+        emit(robot.*signal)(number, inquire, position);
+    return reading.missing();
+}
+
+// {"result": int}
+const char *deliver(Robot &robot, void (Robot::*signal)(int), const QByteArray &body)
+{
+    Reading reading(body);
+    const int result = reading.integer("result");
+    if (!reading.missing())
+        emit(robot.*signal)(result);
+    return reading.missing();
+}
+
+// {"pos": "nine numbers", "posDeg": the same with degrees}
+const char *deliver(Robot &robot, void (Robot::*signal)(QByteArray, QByteArray),
+                    const QByteArray &body)
+{
+    Reading reading(body);
+    const QString position = reading.text("pos");
+    const QString positionDeg = reading.text("posDeg");
+    if (!reading.missing())
+        emit(robot.*signal)(position.toUtf8(), positionDeg.toUtf8());
+    return reading.missing();
+}
+
+// {"robot": int, "line": int}
+const char *deliver(Robot &robot, void (Robot::*signal)(int, int), const QByteArray &body)
+{
+    Reading reading(body);
+    const int number = reading.integer("robot");
+    const int line = reading.integer("line");
+    if (!reading.missing())
+        emit(robot.*signal)(number, line);
+    return reading.missing();
+}
+
+// {"robot": int, "value": int, "state": int}
+const char *deliver(Robot &robot, void (Robot::*signal)(int, int, int), const QByteArray &body)
+{
+    Reading reading(body);
+    const int number = reading.integer("robot");
+    const int value = reading.integer("value");
+    const int state = reading.integer("state");
+    if (!reading.missing())
+        emit(robot.*signal)(number, value, state);
+    return reading.missing();
+}
+
+struct Reply {
+    unsigned short id;
+    const char *(*decode)(Robot &robot, const QByteArray &body);
+};
+
+template <auto Signal> const char *decode(Robot &robot, const QByteArray &body)
+{
+    return deliver(robot, Signal, body);
+}
+
+constexpr Reply kReplies[] = {
+#define ROBOT_REPLY_ROW(number, signal) {wire::reply::signal, &decode<&Robot::signal>},
+    WIRE_REPLIES(ROBOT_REPLY_ROW)
+#undef ROBOT_REPLY_ROW
+};
+
+constexpr bool idsRise()
+{
+    for (size_t i = 1; i < std::size(kReplies); ++i) {
+        if (kReplies[i - 1].id >= kReplies[i].id)
+            return false;
+    }
+    return true;
+}
+static_assert(idsRise(), "the replies are searched by bisection and no id stands for two");
+
+} // namespace
+
+void Robot::receiveMessage(unsigned short id, const QByteArray &body)
+{
+    if (body.size() > wire::kMaxBody) {
+        journalUnreadable(id, QStringLiteral("(body too long)"));
+        return;
+    }
+    if (id == wire::Status) {
+        d->applyStatus(body);
+        return;
+    }
+    const Reply *reply =
+        std::lower_bound(std::begin(kReplies), std::end(kReplies), id,
+                         [](const Reply &row, unsigned short wanted) { return row.id < wanted; });
+    if (reply == std::end(kReplies) || reply->id != id) {
+        journalUnreadable(id, QStringLiteral("(unknown id)"));
+        return;
+    }
+    if (const char *missing = reply->decode(*this, body))
+        journalUnreadable(id, QString::fromLatin1(missing));
+}
+
+// {"robot": int, "servo": int, "deadman": 0 or 1, "teachMode": 0 to 2, "kinematicType": 1 to 12}.
+// Each key but the first is optional; one that is unreadable or out of range changes nothing.
+void Robot::Private::applyStatus(const QByteArray &body)
+{
+    const std::optional<Json::Value> status = wire::parseObject(body);
+    const std::optional<int> robot = status ? wire::integer(*status, "robot") : std::nullopt;
+    if (!robot) {
+        journalUnreadable(wire::Status,
+                          status ? QStringLiteral("robot") : QStringLiteral("(body)"));
+        return;
+    }
+    if (*robot != MoreRobot::getCurrentRobot())
+        return;
+
+    bool changed = false;
+    const auto take = [&](const char *key, int &target, int lowest, int highest) {
+        const int value = wire::integer(*status, key).value_or(target);
+        if (value == target || value < lowest || value > highest)
+            return;
+        target = value;
+        changed = true;
+    };
+    take("servo", servo, 0, 3);
+    take("deadman", deadman, 0, 1);
+    take("teachMode", teachMode, 0, 2);
+    take("kinematicType", q->kinematicType, 1, 12);
+    if (changed)
+        emit q->statusChanged();
+}

@@ -1,0 +1,91 @@
+#pragma once
+
+#include "wire/frame.h"
+
+#include <QElapsedTimer>
+#include <QObject>
+#include <QTimer>
+#include <deque>
+
+class QTcpSocket;
+
+namespace wire {
+
+/// Version of the messages that both ends have to agree on.
+constexpr int kProtocol = 1;
+
+/// The time limits of a connection, in milliseconds.
+struct Timing {
+    int heartbeat = 1000; ///< an end that has sent nothing else for so long sends a heartbeat
+    int silence = 3500; ///< an end that has heard nothing for so long closes
+    int greeting = 3000; ///< from the start, the TCP connect included, to the completed greeting
+};
+
+/// One end of the connection between a pendant and a controller: greeting, frames, heartbeat.
+///
+/// Messages are passed on in the order in which they came, each whole and checked, and only after
+/// the greeting. They are delivered from the event loop and not from within the socket's own
+/// signal, so that a receiver may run an event loop of its own and goes on receiving in it. The end
+/// of a connection is told once, by closed(), after the last message that came whole.
+class Connection : public QObject {
+    Q_OBJECT
+public:
+    enum class Role { Pendant, Controller };
+
+    /// Takes the socket over, connected or still connecting. `greeting` is what this end tells of
+    /// itself; protocol and role are added.
+    Connection(QTcpSocket *socket, Role role, const Json::Value &greeting, const Timing &timing,
+               QObject *parent = nullptr);
+    ~Connection() override;
+
+    /// False when the greeting is not complete, the connection is at its end, or `body` is longer
+    /// than kMaxBody; the message is not kept.
+    bool send(quint16 id, const QByteArray &body);
+
+    bool isOpen() const { return m_state == State::Open; }
+    /// What the other end told of itself, once open.
+    const Json::Value &peer() const { return m_peer; }
+
+    /// Ends the connection now; what has not been delivered yet is dropped.
+    void close(const QString &reason);
+
+signals:
+    void opened();
+    void received(quint16 id, const QByteArray &body);
+    void closed(const QString &reason);
+
+private:
+    enum class State { Greeting, Open, Failing, Closed };
+
+    void onConnected();
+    void onReadyRead();
+    void onSocketError();
+    void tick();
+    void schedule();
+    void deliver();
+    void handle(const Frame &frame);
+    void answerHello(const QByteArray &body);
+    void takeAnswer(const Frame &frame);
+    void write(quint16 id, const QByteArray &body);
+    void fail(const QString &reason);
+
+    QTcpSocket *m_socket;
+    Role m_role;
+    Json::Value m_greeting;
+    Json::Value m_peer;
+    Timing m_timing;
+    State m_state = State::Greeting;
+    QString m_reason;
+
+    FrameDecoder m_decoder;
+    std::deque<Frame> m_inbox;
+    bool m_scheduled = false;
+
+    QTimer m_timer;
+    QTimer m_greetingTimer;
+    QElapsedTimer m_sinceTick;
+    int m_silentFor = 0; ///< milliseconds, as this end's event loop has seen them
+    bool m_hasSent = false; ///< since the last tick
+};
+
+} // namespace wire
