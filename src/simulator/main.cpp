@@ -1,0 +1,175 @@
+// The simulated controller as a program of its own.
+
+#include "link/messages.h"
+#include "simulator/simulatedcontroller.h"
+#include "simulator/termination.h"
+
+#include <QCommandLineParser>
+#include <QCoreApplication>
+#include <QStandardPaths>
+#include <cstdio>
+#include <vector>
+
+namespace {
+
+constexpr int kBadOption = 2;
+constexpr quint16 kUsualPort = 7701;
+
+struct KinematicRule {
+    int robot;
+    int type;
+};
+
+struct Settings {
+    SimulatedController::Options options;
+    std::vector<FaultRule> faults;
+    std::vector<KinematicRule> kinematics;
+};
+
+int complain(const QString &sentence, int code)
+{
+    std::fprintf(stderr, "%s\n", qPrintable(sentence));
+    return code;
+}
+
+void say(const QString &text)
+{
+    std::fprintf(stdout, "%s\n", qPrintable(text));
+    std::fflush(stdout);
+}
+
+void listIds()
+{
+    for (const message::Entry &entry : message::kAll)
+        std::fprintf(stdout, "0x%04x  %s\n", entry.id, entry.name);
+}
+
+void declareOptions(QCommandLineParser &parser)
+{
+    parser.setApplicationDescription(
+        QStringLiteral("A simulated robot controller on 127.0.0.1, for a pendant to connect to."));
+    parser.addOptions({
+        {QStringLiteral("port"),
+         QStringLiteral("Port to listen on; 0 takes any free one. Default: %1.").arg(kUsualPort),
+         QStringLiteral("N"), QString::number(kUsualPort)},
+        {QStringLiteral("data"), QStringLiteral("Directory of the parameter store."),
+         QStringLiteral("DIR")},
+        {QStringLiteral("fault"),
+         QStringLiteral("Misbehave on a message: ID=noreply, firstlost, late[:MS], malformed, "
+                        "otherrobot or cut. Repeatable."),
+         QStringLiteral("ID=FAULT")},
+        {QStringLiteral("kinematic"),
+         QStringLiteral("Kinematic type, 1 to 12, of a robot, 1 to 4. Repeatable."),
+         QStringLiteral("ROBOT=TYPE")},
+        {QStringLiteral("list-ids"), QStringLiteral("List the messages with their ids and end.")},
+        {QStringLiteral("help"), QStringLiteral("Show this text and end.")},
+    });
+}
+
+std::optional<KinematicRule> parseKinematic(const QString &text)
+{
+    const QStringList sides = text.split(QLatin1Char('='));
+    bool isRobot = false;
+    bool isType = false;
+    const KinematicRule rule{sides.value(0).toInt(&isRobot), sides.value(1).toInt(&isType)};
+    if (sides.size() != 2 || !isRobot || !isType || rule.robot < 1
+        || rule.robot > SimulatedController::kRobots || rule.type < 1 || rule.type > 12)
+        return std::nullopt;
+    return rule;
+}
+
+/// What is wrong with the command line, as a sentence; empty when nothing is.
+QString readSettings(const QCommandLineParser &parser, Settings &settings)
+{
+    if (!parser.positionalArguments().isEmpty()) {
+        return QStringLiteral("\"%1\" is no option of this program.")
+            .arg(parser.positionalArguments().constFirst());
+    }
+    const QString port = parser.value(QStringLiteral("port"));
+    bool good = false;
+    settings.options.port = port.toUShort(&good);
+    if (!good)
+        return QStringLiteral("The port \"%1\" is no number from 0 to 65535.").arg(port);
+
+    settings.options.directory = parser.value(QStringLiteral("data"));
+    if (parser.isSet(QStringLiteral("data")) && settings.options.directory.isEmpty())
+        return QStringLiteral("The data directory has no name.");
+    if (settings.options.directory.isEmpty()) {
+        settings.options.directory =
+            QStandardPaths::writableLocation(QStandardPaths::AppDataLocation);
+    }
+
+    const QStringList faults = parser.values(QStringLiteral("fault"));
+    for (const QString &text : faults) {
+        const std::optional<FaultRule> rule = FaultRule::parse(text);
+        if (!rule) {
+            return QStringLiteral("\"%1\" is no fault: it reads ID=FAULT, with an id of --list-ids "
+                                  "and a fault of --help.")
+                .arg(text);
+        }
+        settings.faults.push_back(*rule);
+    }
+    const QStringList kinematics = parser.values(QStringLiteral("kinematic"));
+    for (const QString &text : kinematics) {
+        const std::optional<KinematicRule> rule = parseKinematic(text);
+        if (!rule) {
+            return QStringLiteral("\"%1\" is no kinematic type: it reads ROBOT=TYPE, with a robot "
+                                  "from 1 to 4 and a type from 1 to 12.")
+                .arg(text);
+        }
+        settings.kinematics.push_back(*rule);
+    }
+    return {};
+}
+
+int run(const Settings &settings)
+{
+    SimulatedController controller;
+    for (const FaultRule &rule : settings.faults)
+        controller.setFault(rule.id, rule.fault, rule.milliseconds);
+    for (const KinematicRule &rule : settings.kinematics)
+        controller.setKinematicType(rule.robot, rule.type);
+    QObject::connect(
+        &controller, &SimulatedController::messageRefused, &controller,
+        [](quint16 id, const QString &reason) {
+            complain(
+                QStringLiteral("refused 0x%1: %2").arg(id, 4, 16, QLatin1Char('0')).arg(reason), 0);
+        });
+
+    QString error;
+    if (!controller.start(settings.options, &error))
+        return complain(error, EXIT_FAILURE);
+    say(QStringLiteral("listening on 127.0.0.1:%1").arg(controller.port()));
+    say(QStringLiteral("data in %1").arg(settings.options.directory));
+    const int code = QCoreApplication::exec();
+    controller.stop();
+    return code;
+}
+
+} // namespace
+
+int main(int argc, char **argv)
+{
+    QCoreApplication app(argc, argv);
+    QCoreApplication::setApplicationName(QStringLiteral("controller"));
+
+    QCommandLineParser parser;
+    declareOptions(parser);
+    if (!parser.parse(QCoreApplication::arguments()))
+        return complain(parser.errorText(), kBadOption);
+    if (parser.isSet(QStringLiteral("help"))) {
+        say(parser.helpText());
+        return EXIT_SUCCESS;
+    }
+    if (parser.isSet(QStringLiteral("list-ids"))) {
+        listIds();
+        return EXIT_SUCCESS;
+    }
+    Settings settings;
+    const QString wrong = readSettings(parser, settings);
+    if (!wrong.isEmpty())
+        return complain(wrong, kBadOption);
+
+    quitOnTermination();
+    return run(settings);
+}

@@ -1,0 +1,30 @@
+#pragma once
+
+#include <QByteArray>
+#include <QtGlobal>
+#include <functional>
+#include <json/json.h>
+#include <vector>
+
+class ParameterStore;
+
+/// One message of a pendant on its way through its handler.
+struct Request {
+    const Json::Value &body; ///< an object; empty for a message without a body
+    ParameterStore &store;
+    /// Sends a reply to the pendant that asked.
+    std::function<void(quint16 id, const Json::Value &body)> reply;
+};
+
+/// Carries a message out. Null when the controller took it, else what is wrong with it, for the
+/// log; a refused message changes nothing and gets no reply.
+using Handler = const char *(*)(Request &request);
+
+struct HandlerRow {
+    quint16 id;
+    Handler handle;
+};
+using HandlerTable = std::vector<HandlerRow>;
+
+// One table per package, in the file of that name.
+HandlerTable polishHandlers();

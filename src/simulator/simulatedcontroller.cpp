@@ -1,0 +1,313 @@
+#include "simulator/simulatedcontroller.h"
+
+#include "link/messages.h"
+#include "simulator/envelope.h"
+#include "wire/ids.h"
+
+#include <QPointer>
+#include <QTcpSocket>
+#include <algorithm>
+#include <utility>
+
+namespace {
+
+constexpr char kVersion[] = "1.0";
+constexpr int kIoBoard = 1;
+constexpr int kServoOff = 1;
+constexpr int kServoOn = 3;
+
+Json::Value names(const char *stem, int count)
+{
+    Json::Value list(Json::arrayValue);
+    for (int i = 1; i <= count; ++i)
+        list.append(stem + std::to_string(i));
+    return list;
+}
+
+Json::Value greeting()
+{
+    Json::Value self;
+    self["name"] = "Simulated controller";
+    self["version"] = kVersion;
+    self["simulated"] = true;
+    self["ioType"] = kIoBoard;
+    self["ports"]["do"] = names("DOUT", 16);
+    self["ports"]["di"] = names("DIN", 16);
+    self["ports"]["ao"] = names("AO", 4);
+    return self;
+}
+
+} // namespace
+
+SimulatedController::SimulatedController(QObject *parent) : QObject(parent)
+{
+    m_kinematicTypes.fill(1);
+    for (const HandlerTable &table : {polishHandlers()}) {
+        for (const HandlerRow &row : table)
+            m_handlers.insert(row.id, row.handle);
+    }
+    connect(&m_server, &QTcpServer::newConnection, this, &SimulatedController::welcome);
+    connect(&m_statusTimer, &QTimer::timeout, this, [this] { sendStatus(); });
+}
+
+SimulatedController::~SimulatedController()
+{
+    stop();
+}
+
+bool SimulatedController::start(const Options &options, QString *error)
+{
+    if (!m_store.open(options.directory, error))
+        return false;
+    m_timing = options.timing;
+    if (!m_server.listen(QHostAddress::LocalHost, options.port)) {
+        *error = QStringLiteral("Port %1 on 127.0.0.1 cannot be opened: %2.")
+                     .arg(options.port)
+                     .arg(m_server.errorString());
+        m_store.close();
+        return false;
+    }
+    m_statusTimer.start(options.statusInterval);
+    return true;
+}
+
+void SimulatedController::stop()
+{
+    m_server.close();
+    m_statusTimer.stop();
+    while (!m_pendants.empty())
+        m_pendants.back().connection->close(QStringLiteral("the controller stops"));
+    m_store.close();
+}
+
+// ---- pendants -----------------------------------------------------------------------------------
+
+void SimulatedController::welcome()
+{
+    while (QTcpSocket *socket = m_server.nextPendingConnection()) {
+        auto *connection = new wire::Connection(socket, wire::Connection::Role::Controller,
+                                                greeting(), m_timing, this);
+        m_pendants.push_back({connection});
+        connect(connection, &wire::Connection::opened, this, [this, connection] {
+            add(Count::Pendants, 1);
+            if (const Pendant *pendant = find(connection))
+                sendStatus(*pendant);
+        });
+        connect(
+            connection, &wire::Connection::received, this,
+            [this, connection](quint16 id, const QByteArray &body) { take(connection, id, body); });
+        connect(connection, &wire::Connection::closed, this,
+                [this, connection] { drop(connection); });
+    }
+}
+
+void SimulatedController::drop(wire::Connection *connection)
+{
+    if (!connection->peer().isNull())
+        add(Count::Pendants, -1);
+    m_pendants.erase(std::remove_if(m_pendants.begin(), m_pendants.end(),
+                                    [connection](const Pendant &pendant) {
+                                        return pendant.connection == connection;
+                                    }),
+                     m_pendants.end());
+    connection->deleteLater();
+    sendStatus(); // an enabling switch that was held is released with its pendant
+}
+
+SimulatedController::Pendant *SimulatedController::find(const wire::Connection *connection)
+{
+    const auto found =
+        std::find_if(m_pendants.begin(), m_pendants.end(), [connection](const Pendant &pendant) {
+            return pendant.connection == connection;
+        });
+    return found == m_pendants.end() ? nullptr : &*found;
+}
+
+// ---- messages -----------------------------------------------------------------------------------
+
+void SimulatedController::take(wire::Connection *connection, quint16 id, const QByteArray &body)
+{
+    {
+        const QMutexLocker lock(&m_mutex);
+        ++m_received[id];
+    }
+    const QPointer<wire::Connection> alive(connection);
+    if (const char *wrong = carryOut(connection, id, body)) {
+        add(Count::Refused, 1);
+        emit messageRefused(id, QString::fromLatin1(wrong));
+    }
+    if (alive && faultFor(id, false) == Fault::Cut)
+        connection->close(QStringLiteral("cut by the fault that was set"));
+}
+
+const char *SimulatedController::carryOut(wire::Connection *connection, quint16 id,
+                                          const QByteArray &body)
+{
+    if (id == wire::Key) {
+        Pendant *pendant = find(connection);
+        return pendant ? takeKey(*pendant, body) : nullptr;
+    }
+    const Handler handle = m_handlers.value(id);
+    if (!handle) {
+        add(message::name(id) ? Count::Unanswered : Count::Unknown, 1);
+        return nullptr;
+    }
+    const std::optional<Json::Value> parsed =
+        body.isEmpty() ? Json::Value(Json::objectValue) : wire::parseObject(body);
+    if (!parsed)
+        return "the body is no JSON object";
+    Request request{*parsed, m_store, [=](quint16 replyId, const Json::Value &replyBody) {
+                        reply(connection, id, replyId, replyBody);
+                    }};
+    return handle(request);
+}
+
+const char *SimulatedController::takeKey(Pendant &pendant, const QByteArray &body)
+{
+    const std::optional<Json::Value> key = wire::parseObject(body);
+    const std::optional<QString> name = key ? wire::text(*key, "key") : std::nullopt;
+    const auto value = [&](int lowest, int highest) {
+        return key ? envelope::whole(*key, "value", lowest, highest) : std::nullopt;
+    };
+    if (name == QLatin1String("servo") && value(0, 1))
+        m_servo = *value(0, 1) == 1;
+    else if (name == QLatin1String("deadman") && value(0, 1))
+        pendant.holdsDeadman = *value(0, 1) == 1;
+    else if (name == QLatin1String("mode") && value(0, 2))
+        m_teachMode = *value(0, 2);
+    else if (name == QLatin1String("robot") && value(1, kRobots))
+        pendant.robot = *value(1, kRobots);
+    else
+        return "no such key or value";
+    sendStatus();
+    return nullptr;
+}
+
+void SimulatedController::reply(wire::Connection *connection, quint16 request, quint16 id,
+                                const Json::Value &body)
+{
+    int milliseconds = 0;
+    const QByteArray text = wire::writeLine(body);
+    switch (faultFor(request, true, &milliseconds)) {
+    case Fault::None:
+        connection->send(id, text);
+        break;
+    case Fault::Late:
+        QTimer::singleShot(milliseconds, connection,
+                           [connection, id, text] { connection->send(id, text); });
+        break;
+    case Fault::Malformed:
+        connection->send(id, text.left(text.size() / 2));
+        break;
+    case Fault::OtherRobot: {
+        Json::Value other = body;
+        if (const std::optional<int> robot = envelope::robot(body))
+            other["robot"] = *robot % kRobots + 1;
+        connection->send(id, wire::writeLine(other));
+        break;
+    }
+    case Fault::NoReply:
+    case Fault::FirstReplyLost:
+    case Fault::Cut:
+        break;
+    }
+}
+
+/// The fault that applies now; a first reply that is lost is lost once.
+Fault SimulatedController::faultFor(quint16 id, bool forReply, int *milliseconds)
+{
+    const QMutexLocker lock(&m_mutex);
+    const auto found = m_faults.find(id);
+    if (found == m_faults.end())
+        return Fault::None;
+    if (milliseconds)
+        *milliseconds = found->milliseconds;
+    if (found->fault == Fault::FirstReplyLost && forReply && std::exchange(found->fired, true))
+        return Fault::None;
+    return found->fault;
+}
+
+// ---- status -------------------------------------------------------------------------------------
+
+void SimulatedController::sendStatus()
+{
+    for (const Pendant &pendant : m_pendants)
+        sendStatus(pendant);
+}
+
+void SimulatedController::sendStatus(const Pendant &pendant)
+{
+    const bool deadman = std::any_of(m_pendants.begin(), m_pendants.end(),
+                                     [](const Pendant &each) { return each.holdsDeadman; });
+    Json::Value status;
+    status["robot"] = pendant.robot;
+    status["servo"] = m_servo ? kServoOn : kServoOff;
+    status["deadman"] = deadman ? 1 : 0;
+    status["teachMode"] = m_teachMode;
+    {
+        const QMutexLocker lock(&m_mutex);
+        status["kinematicType"] = m_kinematicTypes.at(static_cast<size_t>(pendant.robot - 1));
+    }
+    pendant.connection->send(wire::Status, wire::writeLine(status));
+}
+
+// ---- safe from any thread -----------------------------------------------------------------------
+
+void SimulatedController::setFault(quint16 id, Fault fault, int milliseconds)
+{
+    const QMutexLocker lock(&m_mutex);
+    if (fault == Fault::None)
+        m_faults.remove(id);
+    else
+        m_faults.insert(id, {fault, milliseconds, false});
+}
+
+int SimulatedController::received(quint16 id) const
+{
+    const QMutexLocker lock(&m_mutex);
+    return m_received.value(id);
+}
+
+int SimulatedController::refused() const
+{
+    return value(Count::Refused);
+}
+
+int SimulatedController::unanswered() const
+{
+    return value(Count::Unanswered);
+}
+
+int SimulatedController::unknown() const
+{
+    return value(Count::Unknown);
+}
+
+int SimulatedController::pendants() const
+{
+    return value(Count::Pendants);
+}
+
+void SimulatedController::setKinematicType(int robot, int type)
+{
+    if (robot < 1 || robot > kRobots || type < 1 || type > 12)
+        return;
+    {
+        const QMutexLocker lock(&m_mutex);
+        m_kinematicTypes.at(static_cast<size_t>(robot - 1)) = type;
+    }
+    QMetaObject::invokeMethod(
+        this, [this] { sendStatus(); }, Qt::QueuedConnection);
+}
+
+void SimulatedController::add(Count count, int number)
+{
+    const QMutexLocker lock(&m_mutex);
+    m_counts.at(static_cast<size_t>(count)) += number;
+}
+
+int SimulatedController::value(Count count) const
+{
+    const QMutexLocker lock(&m_mutex);
+    return m_counts.at(static_cast<size_t>(count));
+}

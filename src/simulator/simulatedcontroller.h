@@ -1,0 +1,101 @@
+#pragma once
+
+#include "simulator/fault.h"
+#include "simulator/handlers.h"
+#include "simulator/parameterstore.h"
+#include "wire/connection.h"
+
+#include <QHash>
+#include <QMutex>
+#include <QTcpServer>
+#include <QTimer>
+#include <array>
+#include <vector>
+
+/// A robot controller on the desk: a TCP server on 127.0.0.1 that keeps parameters, answers the
+/// pendants that connect, and can be told to misbehave.
+///
+/// It lives on one thread; the calls that say so are safe from any.
+class SimulatedController : public QObject {
+    Q_OBJECT
+public:
+    static constexpr int kRobots = 4;
+
+    struct Options {
+        QString directory; ///< of the parameter store; made when it is missing
+        quint16 port = 0; ///< 0: any free one
+        wire::Timing timing;
+        int statusInterval = 200; ///< milliseconds between two status messages
+    };
+
+    explicit SimulatedController(QObject *parent = nullptr);
+    ~SimulatedController() override;
+
+    /// Opens the store and listens; false with `error` filled when either cannot be had.
+    bool start(const Options &options, QString *error);
+    /// Ends all connections and closes the store.
+    void stop();
+    /// The port it listens on; 0 when it does not.
+    quint16 port() const { return m_server.serverPort(); }
+
+    // ---- safe from any thread -------------------------------------------------------------------
+    /// How it misbehaves on that message from now on. `milliseconds` delays a late reply.
+    void setFault(quint16 id, Fault fault, int milliseconds = 1000);
+    /// How often a message with that id has come.
+    int received(quint16 id) const;
+    /// Messages that were refused because of what they held.
+    int refused() const;
+    /// Messages of the catalogue that nothing here answers yet.
+    int unanswered() const;
+    /// Messages that are not in the catalogue.
+    int unknown() const;
+    int pendants() const;
+    /// The type of robot 1 to 4, 1 to 12; other numbers change nothing.
+    void setKinematicType(int robot, int type);
+
+signals:
+    /// A message was not carried out: its id and what is wrong with it.
+    void messageRefused(quint16 id, const QString &reason);
+
+private:
+    struct Pendant {
+        wire::Connection *connection;
+        int robot = 1; ///< the one it works with
+        bool holdsDeadman = false;
+    };
+    struct FaultState {
+        Fault fault = Fault::None;
+        int milliseconds = 0;
+        bool fired = false;
+    };
+    enum class Count { Refused, Unanswered, Unknown, Pendants };
+
+    void welcome();
+    void drop(wire::Connection *connection);
+    Pendant *find(const wire::Connection *connection);
+    void take(wire::Connection *connection, quint16 id, const QByteArray &body);
+    const char *carryOut(wire::Connection *connection, quint16 id, const QByteArray &body);
+    const char *takeKey(Pendant &pendant, const QByteArray &body);
+    void reply(wire::Connection *connection, quint16 request, quint16 id, const Json::Value &body);
+    Fault faultFor(quint16 id, bool forReply, int *milliseconds = nullptr);
+    void sendStatus();
+    void sendStatus(const Pendant &pendant);
+    void add(Count count, int number);
+    int value(Count count) const;
+
+    QTcpServer m_server{this}; // children, so that they go where this one is moved
+    QTimer m_statusTimer{this};
+    ParameterStore m_store;
+    QHash<quint16, Handler> m_handlers;
+    wire::Timing m_timing;
+    std::vector<Pendant> m_pendants;
+
+    bool m_servo = false;
+    int m_teachMode = 0;
+
+    mutable QMutex m_mutex; ///< for what follows
+    QHash<quint16, FaultState> m_faults;
+    QHash<quint16, int> m_received;
+    std::array<int, 4> m_counts{};
+    std::array<int, kRobots> m_kinematicTypes;
+};
