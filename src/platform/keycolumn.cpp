@@ -1,0 +1,252 @@
+#include "keycolumn.h"
+
+#include "app.h"
+#include "inputgate.h"
+#include "linklamp.h"
+#include "morerobot.h"
+#include "robot.h"
+#include "useraccounts.h"
+
+#include <QCoreApplication>
+#include <QGridLayout>
+#include <QKeyEvent>
+#include <QLabel>
+#include <QMouseEvent>
+#include <QVBoxLayout>
+
+namespace {
+
+constexpr int kServoOn = 3;
+constexpr int kKeyHeight = 40;
+constexpr int kDeadmanKeyCode = Qt::Key_F12;
+
+QPushButton *makeKey(const QString &name, int height, QWidget *parent)
+{
+    auto *key = new QPushButton(parent);
+    key->setObjectName(name);
+    key->setFocusPolicy(Qt::NoFocus);
+    key->setFixedHeight(height);
+    key->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
+    key->setMinimumWidth(kKeyHeight);
+    return key;
+}
+
+QString modeName(int mode)
+{
+    switch (mode) {
+    case 0:
+        return KeyColumn::tr("示教");
+    case 1:
+        return KeyColumn::tr("自动");
+    default:
+        return KeyColumn::tr("远程");
+    }
+}
+
+} // namespace
+
+DeadmanKey::DeadmanKey(QWidget *parent) : QPushButton(parent)
+{
+    setFocusPolicy(Qt::NoFocus);
+    setAttribute(Qt::WA_AcceptTouchEvents);
+    connect(InputGate::getInstance(), &InputGate::restrictionChanged, this, [this] {
+        if (!InputGate::getInstance()->allows(this))
+            setHeld(false);
+    });
+}
+
+void DeadmanKey::setHeld(bool held)
+{
+    if (held == m_held || (held && !App::canDoOperate()))
+        return;
+    m_held = held;
+    setDown(held);
+    Robot::getInstance()->setDeadman(held);
+    emit heldChanged(held);
+}
+
+bool DeadmanKey::event(QEvent *event)
+{
+    switch (event->type()) {
+    case QEvent::TouchBegin:
+        setHeld(true);
+        event->accept();
+        return true;
+    case QEvent::TouchUpdate:
+        event->accept();
+        return true;
+    case QEvent::TouchEnd:
+    case QEvent::TouchCancel:
+        setHeld(false);
+        event->accept();
+        return true;
+    case QEvent::Leave:
+    case QEvent::Hide:
+    case QEvent::WindowDeactivate:
+    case QEvent::UngrabMouse:
+        setHeld(false);
+        break;
+    case QEvent::EnabledChange:
+        if (!isEnabled())
+            setHeld(false);
+        break;
+    default:
+        break;
+    }
+    return QPushButton::event(event);
+}
+
+void DeadmanKey::mousePressEvent(QMouseEvent *event)
+{
+    if (event->button() == Qt::LeftButton)
+        setHeld(true);
+}
+
+void DeadmanKey::mouseReleaseEvent(QMouseEvent *event)
+{
+    if (event->button() == Qt::LeftButton)
+        setHeld(false);
+}
+
+void DeadmanKey::mouseMoveEvent(QMouseEvent *event)
+{
+    if (!rect().contains(event->pos()))
+        setHeld(false);
+}
+
+// A focused button would take the space key as a press; this one is held or it is not.
+void DeadmanKey::keyPressEvent(QKeyEvent *event)
+{
+    event->ignore();
+}
+
+void DeadmanKey::keyReleaseEvent(QKeyEvent *event)
+{
+    event->ignore();
+}
+
+KeyColumn::KeyColumn(QWidget *parent)
+    : QWidget(parent), m_lamp(new LinkLamp(this)), m_simulated(new SimulatedMark(this)),
+      m_servo(makeKey(QStringLiteral("servoKey"), 52, this)), m_deadman(new DeadmanKey(this))
+{
+    setObjectName(QStringLiteral("keyColumn"));
+    setFixedWidth(kWidth);
+    m_lamp->setObjectName(QStringLiteral("linkLamp"));
+    m_lamp->setFixedHeight(46);
+    m_simulated->setFixedHeight(44);
+    m_servo->setCheckable(true);
+    m_deadman->setObjectName(QStringLiteral("deadmanKey"));
+    m_deadman->setFixedHeight(84);
+    m_deadman->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
+
+    auto *column = new QVBoxLayout(this);
+    column->setContentsMargins(4, 4, 4, 4);
+    column->setSpacing(4);
+    column->addWidget(m_lamp);
+    column->addWidget(m_simulated);
+    column->addStretch(1);
+    column->addWidget(m_servo);
+    column->addWidget(m_deadman);
+    column->addStretch(1);
+    auto *modes = new QVBoxLayout;
+    modes->setSpacing(0);
+    for (int mode = 0; mode < 3; ++mode) {
+        m_modes[mode] = makeKey(QStringLiteral("modeKey%1").arg(mode), 42, this);
+        m_modes[mode]->setCheckable(true);
+        modes->addWidget(m_modes[mode]);
+        connect(m_modes[mode], &QPushButton::clicked, this, [this, mode] {
+            if (App::canDoOperate())
+                Robot::getInstance()->setTeachMode(mode);
+            refresh();
+        });
+    }
+    column->addLayout(modes);
+    column->addStretch(1);
+    auto *robots = new QGridLayout;
+    robots->setSpacing(2);
+    for (int i = 0; i < MoreRobot::kRobots; ++i) {
+        m_robots[i] = makeKey(QStringLiteral("robotKey%1").arg(i + 1), 44, this);
+        m_robots[i]->setMinimumWidth(38);
+        m_robots[i]->setCheckable(true);
+        robots->addWidget(m_robots[i], i / 2, i % 2);
+        connect(m_robots[i], &QPushButton::clicked, this, [this, i] { selectRobot(i + 1); });
+    }
+    column->addLayout(robots);
+
+    connect(m_servo, &QPushButton::clicked, this, [this] {
+        if (App::canDoOperate())
+            Robot::getInstance()->requestServo(Robot::getInstance()->get_servo_state() != kServoOn);
+        refresh();
+    });
+    connect(m_deadman, &DeadmanKey::heldChanged, this, &KeyColumn::deadmanHeld);
+    connect(Robot::getInstance(), &Robot::statusChanged, this, &KeyColumn::refresh);
+    connect(Robot::getInstance(), &Robot::linkChanged, this, &KeyColumn::refresh);
+    connect(MoreRobot::getInstance(), &MoreRobot::currentRobotChanged, this, &KeyColumn::refresh);
+    connect(UserAccounts::getInstance(), &UserAccounts::lockedChanged, this, [this](bool locked) {
+        if (locked)
+            releaseDeadman();
+    });
+    QCoreApplication::instance()->installEventFilter(this);
+    refresh();
+}
+
+void KeyColumn::setEmbeddedController(bool embedded)
+{
+    m_simulated->setEmbedded(embedded);
+}
+
+void KeyColumn::selectRobot(int robot)
+{
+    if (robot != MoreRobot::getCurrentRobot() && App::canDoOperate()) {
+        releaseDeadman();
+        emit aboutToChangeRobot(robot);
+        MoreRobot::setCurrentRobot(robot);
+    }
+    refresh();
+}
+
+void KeyColumn::refresh()
+{
+    const Robot *robot = Robot::getInstance();
+    const bool known = robot->isConnected();
+    const bool servo = known && robot->get_servo_state() == kServoOn;
+    m_servo->setChecked(servo);
+    m_servo->setText(tr("伺服\n%1").arg(!known ? tr("未知") : servo ? tr("开") : tr("关")));
+    const bool enabled = known && robot->get_deadman_state() == 1;
+    m_deadman->setText(tr("使能\n（按住）\n%1")
+                           .arg(!known        ? tr("未知")
+                                    : enabled ? tr("有效")
+                                              : tr("无效")));
+    for (int mode = 0; mode < 3; ++mode) {
+        m_modes[mode]->setText(modeName(mode));
+        m_modes[mode]->setChecked(known && robot->get_teach_mode() == mode);
+    }
+    for (int i = 0; i < MoreRobot::kRobots; ++i) {
+        m_robots[i]->setText(QString::number(i + 1));
+        m_robots[i]->setAccessibleName(tr("机器人 %1").arg(i + 1));
+        m_robots[i]->setChecked(MoreRobot::getCurrentRobot() == i + 1);
+    }
+}
+
+bool KeyColumn::eventFilter(QObject *watched, QEvent *event)
+{
+    const QEvent::Type type = event->type();
+    if (type == QEvent::KeyPress || type == QEvent::KeyRelease) {
+        const auto *key = static_cast<QKeyEvent *>(event);
+        if (key->key() == kDeadmanKeyCode) {
+            if (!key->isAutoRepeat())
+                m_deadman->setHeld(type == QEvent::KeyPress && isVisible()
+                                   && window()->isActiveWindow()
+                                   && InputGate::getInstance()->allows(m_deadman));
+            return true;
+        }
+    }
+    return QWidget::eventFilter(watched, event);
+}
+
+void KeyColumn::changeEvent(QEvent *event)
+{
+    if (event->type() == QEvent::LanguageChange)
+        refresh();
+    QWidget::changeEvent(event);
+}

@@ -1,0 +1,98 @@
+#include "titlebar.h"
+
+#include "robot.h"
+
+#include <QEvent>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QPushButton>
+
+namespace {
+
+const char *const kAreaNames[] = {"areaProcess", "areaEvents", "areaUsers"};
+
+} // namespace
+
+TitleBar::TitleBar(QWidget *parent)
+    : QWidget(parent), m_title(new QLabel(this)), m_stale(new QLabel(this)),
+      m_lock(new QPushButton(this))
+{
+    setObjectName(QStringLiteral("titleBar"));
+    setFixedHeight(kHeight);
+    m_title->setObjectName(QStringLiteral("pageTitle"));
+    QFont large = m_title->font();
+    large.setPointSize(16);
+    m_title->setFont(large);
+    m_title->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
+    m_stale->setObjectName(QStringLiteral("staleMark"));
+    QPalette warning = m_stale->palette();
+    warning.setColor(QPalette::Window, QColor(0xc6, 0x28, 0x28));
+    warning.setColor(QPalette::WindowText, Qt::white);
+    m_stale->setPalette(warning);
+    m_stale->setAutoFillBackground(true);
+    m_stale->setAlignment(Qt::AlignCenter);
+    m_stale->setMargin(4);
+    m_lock->setObjectName(QStringLiteral("lockButton"));
+
+    auto *row = new QHBoxLayout(this);
+    row->setContentsMargins(10, 3, 4, 3);
+    row->setSpacing(4);
+    row->addWidget(m_title, 1);
+    row->addWidget(m_stale);
+    for (int area = Process; area <= Users; ++area) {
+        m_areas[area] = new QPushButton(this);
+        m_areas[area]->setObjectName(QString::fromLatin1(kAreaNames[area]));
+        m_areas[area]->setCheckable(true);
+        row->addWidget(m_areas[area]);
+        connect(m_areas[area], &QPushButton::clicked, this,
+                [this, area] { emit areaClicked(static_cast<Area>(area)); });
+    }
+    row->addWidget(m_lock);
+    for (QPushButton *button : {m_areas[0], m_areas[1], m_areas[2], m_lock}) {
+        button->setFocusPolicy(Qt::NoFocus);
+        button->setFixedHeight(42);
+        button->setMinimumWidth(64);
+    }
+    connect(m_lock, &QPushButton::clicked, this, &TitleBar::lockClicked);
+    connect(Robot::getInstance(), &Robot::linkChanged, this, &TitleBar::refreshStale);
+    retranslate();
+    refreshStale();
+    setArea(Process);
+}
+
+void TitleBar::setTitle(const QString &title)
+{
+    m_title->setText(title);
+}
+
+QString TitleBar::title() const
+{
+    return m_title->text();
+}
+
+void TitleBar::setArea(Area area)
+{
+    for (int each = Process; each <= Users; ++each)
+        m_areas[each]->setChecked(each == area);
+}
+
+void TitleBar::refreshStale()
+{
+    m_stale->setVisible(Robot::getInstance()->link() == Robot::Link::Lost);
+}
+
+void TitleBar::retranslate()
+{
+    m_stale->setText(tr("链路中断，显示的是旧值"));
+    m_areas[Process]->setText(tr("工艺"));
+    m_areas[Events]->setText(tr("事件"));
+    m_areas[Users]->setText(tr("用户"));
+    m_lock->setText(tr("锁定"));
+}
+
+void TitleBar::changeEvent(QEvent *event)
+{
+    if (event->type() == QEvent::LanguageChange)
+        retranslate();
+    QWidget::changeEvent(event);
+}

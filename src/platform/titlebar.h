@@ -1,0 +1,36 @@
+#pragma once
+
+#include <QWidget>
+
+class QLabel;
+class QPushButton;
+
+/// The title of the page, the mark of old values, the three areas of the pendant, and the lock.
+class TitleBar : public QWidget {
+    Q_OBJECT
+public:
+    enum Area { Process, Events, Users };
+    static constexpr int kHeight = 48;
+
+    explicit TitleBar(QWidget *parent = nullptr);
+
+    void setTitle(const QString &title);
+    QString title() const;
+    void setArea(Area area);
+
+signals:
+    void areaClicked(TitleBar::Area area);
+    void lockClicked();
+
+protected:
+    void changeEvent(QEvent *event) override;
+
+private:
+    void retranslate();
+    void refreshStale();
+
+    QLabel *m_title;
+    QLabel *m_stale;
+    QPushButton *m_areas[3];
+    QPushButton *m_lock;
+};
