@@ -10,6 +10,9 @@ class QWidget;
 /// restriction all of them do; with one or more, only the widgets below the root that was given
 /// last, and the companions. Everything else is swallowed by an application-wide event filter, so
 /// that neither a press nor a key reaches a covered page.
+///
+/// Lists that pop up from an allowed widget are allowed with it, and so is a modal dialog. What was
+/// pressed before a restriction began still gets its release, so that a held button never sticks.
 class InputGate : public QObject {
     Q_OBJECT
 public:
@@ -27,9 +30,19 @@ public:
 
     bool eventFilter(QObject *watched, QEvent *event) override;
 
+signals:
+    /// A root was given or released.
+    void restrictionChanged();
+
 private:
     explicit InputGate(QObject *parent = nullptr);
 
+    QWidget *topRoot() const;
+    bool allowsObject(const QObject *object) const;
+    bool isRelease(const QObject *watched, const QEvent *event);
+
     QList<QPointer<QWidget>> m_roots;
     QList<QPointer<QWidget>> m_companions;
+    QList<QPointer<QObject>> m_pressed; ///< what a press has reached and no release yet
+    bool m_released = false; ///< the press of m_pressed is over
 };

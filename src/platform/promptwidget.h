@@ -1,13 +1,22 @@
 #pragma once
 
+#include <QPointer>
 #include <QWidget>
 
-class QComboBox;
 class QLabel;
 class QPushButton;
+class TargetChooser;
 
 /// The modal question of the pendant: one panel, laid over the main window, whose kind says the
-/// wording, the answer buttons and which signals an answer gives. The asking page closes it.
+/// wording, the answer buttons and which signals an answer gives.
+///
+/// While it is up it alone gets the operator's input. An answer gives its one signal once. The
+/// asking page closes the prompt in its answer slot; when no slot did, the prompt closes itself
+/// after the signal, so that the pendant is never left behind a question that is answered. A prompt
+/// that is shown while another one is up takes its place.
+///
+/// Its buttons are named "promptConfirm" and "promptCancel", the target choosers "promptTarget" and
+/// "promptTargetPicture".
 class PromptWidget : public QWidget {
     Q_OBJECT
 public:
@@ -34,13 +43,20 @@ public:
     /// Shows the prompt of that kind.
     void set_widget_state(PromptWidget::WIDGETNAME name);
 
+    /// Lays it above everything again, if it is up.
+    void stayOnTop();
+
     /// The kind that is on screen; PROMPT_NONE when none is.
     WIDGETNAME currentWidget() const;
     /// The text that repaint_widget() was last given.
     QString text() const;
+    /// The question as it reads on screen; empty when none is up.
+    QString question() const;
+
+    bool eventFilter(QObject *watched, QEvent *event) override;
 
 signals:
-    // 48: leave the wizard and drop its data, by either of its two ways
+    // 48: go back and drop the wizard's data; stay with it
     void rePageReData();
     void rePageReData2();
     // 49
@@ -71,6 +87,39 @@ signals:
     void deleteXmlJob();
     void cancelDeleteXmlJob();
 
+protected:
+    void paintEvent(QPaintEvent *event) override;
+    void keyPressEvent(QKeyEvent *event) override;
+    void closeEvent(QCloseEvent *event) override;
+    void hideEvent(QHideEvent *event) override;
+    void changeEvent(QEvent *event) override;
+    bool focusNextPrevChild(bool next) override;
+
 private:
     explicit PromptWidget(QWidget *parent = nullptr);
+
+    void build(WIDGETNAME name);
+    void layOver(QWidget *host);
+    void leaveHost();
+    void place();
+    void answer(bool confirmed);
+    void emitAnswer(WIDGETNAME name, bool confirmed, int target, int picture);
+    void ended();
+
+    WIDGETNAME m_prepared = PROMPT_NONE; ///< kind that repaint_widget() was last given
+    WIDGETNAME m_shown = PROMPT_NONE;
+    QString m_text;
+    QString m_shownText;
+    quint64 m_showings = 0; ///< counts the showings, to tell one from the next
+    bool m_answered = false;
+    QPointer<QWidget> m_host;
+
+    QLabel *m_title;
+    QLabel *m_question;
+    QLabel *m_targetLabel;
+    QLabel *m_pictureLabel;
+    TargetChooser *m_target;
+    TargetChooser *m_picture;
+    QPushButton *m_confirm;
+    QPushButton *m_cancel;
 };

@@ -2,8 +2,9 @@
 
 #include <QAbstractButton>
 
-/// An on/off slider that says its state in words too. A click does not turn it over by itself: the
-/// page that owns it calls setCheck().
+/// An on/off slider that says its state in words too. A click does not turn it over by itself: it
+/// emits pressed(), released() and clicked() as a push button does, and the page that owns it calls
+/// setCheck().
 class SwitchButton : public QAbstractButton {
     Q_OBJECT
 public:
@@ -13,6 +14,7 @@ public:
     bool isCheck() const { return m_check; }
 
     QSize sizeHint() const override;
+    QSize minimumSizeHint() const override;
 
     bool m_check = false; ///< the state that the pages read; set it with setCheck()
 

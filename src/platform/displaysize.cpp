@@ -1,0 +1,4 @@
+#include "displaysize.h"
+
+int DisplaySize::widgetX = 0;
+int DisplaySize::widgetY = 0;

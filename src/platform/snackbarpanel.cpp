@@ -1,0 +1,278 @@
+#include "snackbarpanel.h"
+
+#include "inputgate.h"
+#include "setfontsize.h"
+#include "snackbarmessage.h"
+
+#include <QEvent>
+#include <QMouseEvent>
+#include <QPainter>
+#include <QPainterPath>
+#include <QPointer>
+
+namespace {
+
+constexpr int kMargin = 8;
+constexpr int kBadge = 84; ///< width of the block with symbol and word
+constexpr int kMinHeight = 46;
+constexpr int kReplacedTime = 3000; ///< ms for an endless message whose successor waits
+
+struct Look {
+    QColor colour;
+    QString word;
+};
+
+Look lookOf(int kind)
+{
+    switch (kind) {
+    case 2:
+        return {QColor(0x35, 0x66, 0x5f), SnackbarPanel::tr("提示")};
+    case 3:
+        return {QColor(0x8f, 0x5a, 0x00), SnackbarPanel::tr("警告")};
+    case 4:
+        return {QColor(0x8c, 0x36, 0x2c), SnackbarPanel::tr("注意")};
+    default:
+        return {QColor(0x3b, 0x55, 0x70), SnackbarPanel::tr("消息")};
+    }
+}
+
+/// Circle, square, triangle and diamond: each kind can be told without its colour.
+QPainterPath symbolOf(int kind, const QRectF &box)
+{
+    QPainterPath path;
+    switch (kind) {
+    case 2:
+        path.addRoundedRect(box.adjusted(1, 1, -1, -1), 3, 3);
+        break;
+    case 3:
+        path.moveTo(box.center().x(), box.top());
+        path.lineTo(box.bottomRight());
+        path.lineTo(box.bottomLeft());
+        path.closeSubpath();
+        break;
+    case 4:
+        path.moveTo(box.center().x(), box.top() - 1);
+        path.lineTo(box.right() + 1, box.center().y());
+        path.lineTo(box.center().x(), box.bottom() + 1);
+        path.lineTo(box.left() - 1, box.center().y());
+        path.closeSubpath();
+        break;
+    default:
+        path.addEllipse(box);
+        break;
+    }
+    return path;
+}
+
+QPointer<SnackbarStack> currentStack;
+
+} // namespace
+
+SnackbarPanel::SnackbarPanel(QWidget *parent) : QWidget(parent)
+{
+    setObjectName(QStringLiteral("snackbar"));
+    setFocusPolicy(Qt::NoFocus);
+    setFont(SetFontSize::setSize(14));
+    m_timer.setSingleShot(true);
+    connect(&m_timer, &QTimer::timeout, this, &SnackbarPanel::done);
+    InputGate::getInstance()->addCompanion(this);
+}
+
+void SnackbarPanel::start(const QString &text, int duration, int kind)
+{
+    m_text = text;
+    m_kind = kind;
+    m_endless = duration < 0;
+    setAccessibleName(lookOf(kind).word + QLatin1Char(' ') + text);
+    if (m_endless)
+        m_timer.stop();
+    else
+        m_timer.start(qMax(1, duration));
+    update();
+}
+
+QRect SnackbarPanel::textRect(int width) const
+{
+    return {kBadge + 12, 0, width - kBadge - 24, 0};
+}
+
+int SnackbarPanel::heightAt(int width) const
+{
+    const QRect room(0, 0, textRect(width).width(), 4000);
+    const QRect used = fontMetrics().boundingRect(
+        room, Qt::AlignLeft | Qt::TextWordWrap | Qt::TextWrapAnywhere, m_text);
+    return qMax(kMinHeight, used.height() + 16);
+}
+
+void SnackbarPanel::paintEvent(QPaintEvent *)
+{
+    QPainter painter(this);
+    painter.setRenderHint(QPainter::Antialiasing);
+    const Look look = lookOf(m_kind);
+    const QRectF frame = QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5);
+
+    QPainterPath outline;
+    outline.addRoundedRect(frame, 6, 6);
+    painter.fillPath(outline, QColor(0xfb, 0xfb, 0xfa));
+    painter.save();
+    painter.setClipPath(outline);
+    painter.fillRect(QRectF(0, 0, kBadge, height()), look.colour);
+    painter.restore();
+    painter.strokePath(outline, QPen(look.colour, 1));
+
+    const QRectF box(12, height() / 2.0 - 10, 20, 20);
+    painter.strokePath(symbolOf(m_kind, box), QPen(Qt::white, 1.6));
+    painter.setPen(Qt::white);
+    QFont small = font();
+    small.setPointSize(11);
+    small.setBold(true);
+    painter.setFont(small);
+    const QString mark = m_kind == 2 || m_kind == 1 ? QStringLiteral("i") : QStringLiteral("!");
+    painter.drawText(m_kind == 3 ? box.adjusted(0, 4, 0, 3) : box, Qt::AlignCenter, mark);
+    painter.drawText(QRect(34, 0, kBadge - 36, height()), Qt::AlignCenter, look.word);
+
+    painter.setFont(font());
+    painter.setPen(QColor(0x20, 0x24, 0x28));
+    QRect text = textRect(width());
+    text.setHeight(height());
+    painter.drawText(
+        text, Qt::AlignVCenter | Qt::AlignLeft | Qt::TextWordWrap | Qt::TextWrapAnywhere, m_text);
+}
+
+void SnackbarPanel::mousePressEvent(QMouseEvent *event)
+{
+    event->accept();
+}
+
+void SnackbarPanel::mouseReleaseEvent(QMouseEvent *event)
+{
+    event->accept();
+    if (rect().contains(event->pos()))
+        emit done();
+}
+
+SnackbarStack::SnackbarStack(QWidget *host) : QObject(host), m_host(host)
+{
+    host->installEventFilter(this);
+}
+
+SnackbarStack *SnackbarStack::of(QWidget *host)
+{
+    if (currentStack && currentStack->m_host == host)
+        return currentStack;
+    if (currentStack) {
+        currentStack->dismissAll();
+        currentStack->deleteLater();
+    }
+    currentStack = new SnackbarStack(host);
+    return currentStack;
+}
+
+SnackbarStack *SnackbarStack::current()
+{
+    return currentStack;
+}
+
+void SnackbarStack::add(const Message &message)
+{
+    // What stays without an end gives way to the next message.
+    const QList<SnackbarPanel *> shown = m_panels;
+    SnackbarPanel *same = nullptr;
+    for (SnackbarPanel *panel : shown) {
+        if (panel->text() == message.text)
+            same = panel;
+        else if (panel->isEndless())
+            remove(panel);
+    }
+    if (same) {
+        same->start(message.text, message.duration, message.kind);
+        fillUp();
+        return;
+    }
+    for (Message &waiting : m_waiting) {
+        if (waiting.text == message.text) {
+            waiting = message;
+            return;
+        }
+    }
+    m_waiting.append(message);
+    fillUp();
+    while (m_waiting.size() > SnackbarMessage::kWaiting)
+        m_waiting.removeFirst();
+}
+
+void SnackbarStack::fillUp()
+{
+    while (m_panels.size() < SnackbarMessage::kShown && !m_waiting.isEmpty()) {
+        // One that would stay without an end has its successor waiting already: it gets its time.
+        Message next = m_waiting.takeFirst();
+        if (next.duration < 0 && !m_waiting.isEmpty())
+            next.duration = kReplacedTime;
+        show(next);
+    }
+    place();
+}
+
+void SnackbarStack::show(const Message &message)
+{
+    auto *panel = new SnackbarPanel(m_host);
+    panel->start(message.text, message.duration, message.kind);
+    connect(panel, &SnackbarPanel::done, this, [this, panel] {
+        remove(panel);
+        fillUp();
+    });
+    m_panels.append(panel);
+}
+
+void SnackbarStack::remove(SnackbarPanel *panel)
+{
+    if (!m_panels.removeOne(panel))
+        return;
+    panel->hide();
+    panel->deleteLater();
+}
+
+void SnackbarStack::dismissAll()
+{
+    m_waiting.clear();
+    const QList<SnackbarPanel *> shown = m_panels;
+    for (SnackbarPanel *panel : shown)
+        remove(panel);
+}
+
+void SnackbarStack::place()
+{
+    const int width = m_host->width() - 2 * kMargin;
+    int bottom = m_host->height() - kMargin;
+    for (auto it = m_panels.crbegin(); it != m_panels.crend(); ++it) {
+        SnackbarPanel *panel = *it;
+        const int height = panel->heightAt(width);
+        panel->setGeometry(kMargin, bottom - height, width, height);
+        panel->show();
+        panel->raise();
+        bottom -= height + 4;
+    }
+}
+
+QStringList SnackbarStack::shownTexts() const
+{
+    QStringList texts;
+    for (const SnackbarPanel *panel : m_panels)
+        texts.append(panel->text());
+    return texts;
+}
+
+QStringList SnackbarStack::waitingTexts() const
+{
+    QStringList texts;
+    for (const Message &message : m_waiting)
+        texts.append(message.text);
+    return texts;
+}
+
+bool SnackbarStack::eventFilter(QObject *watched, QEvent *event)
+{
+    if (watched == m_host && event->type() == QEvent::Resize)
+        place();
+    return false;
+}
