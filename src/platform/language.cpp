@@ -14,7 +14,16 @@ const QString kEnglish = QStringLiteral("en");
 
 } // namespace
 
-Language::Language(QObject *parent) : QObject(parent), m_english(new QTranslator(this)) { }
+/// The English texts are linked in statically; naming them here keeps them in every program.
+static void loadTranslations()
+{
+    Q_INIT_RESOURCE(translations);
+}
+
+Language::Language(QObject *parent) : QObject(parent), m_english(new QTranslator(this))
+{
+    loadTranslations();
+}
 
 Language *Language::getInstance()
 {

@@ -16,6 +16,12 @@
 
 TechnologyWidget *TechnologyWidget::instance = nullptr;
 
+/// The pictures are linked in statically; naming them here keeps them in every program.
+static void loadPictures()
+{
+    Q_INIT_RESOURCE(resources);
+}
+
 namespace {
 
 /// One of the three layout canvases: where it stands and how large its drawing area is, in pixels.
@@ -40,6 +46,7 @@ TechnologyWidget *TechnologyWidget::getInstance()
 TechnologyWidget::TechnologyWidget(QWidget *parent)
     : QStackedWidget(parent), ui(new Ui_TechnologyWidget), robot(Robot::getInstance())
 {
+    loadPictures();
     ui->setupUi(this);
 
     initTechButtons();

@@ -1,0 +1,21 @@
+#pragma once
+
+#include <QString>
+#include <QStringList>
+#include <optional>
+
+/// What the command line of the pendant asks for.
+struct Options {
+    QString controllerHost; ///< empty: the embedded simulated controller
+    quint16 controllerPort = 0;
+    QString dataDirectory; ///< configuration, accounts, log, the embedded controller's data
+    QString tourDirectory; ///< not empty: drive the pages without an operator and leave pictures
+    QString language; ///< "zh", "en"; empty: the one of the last run
+    bool specialProcessOnly = false; ///< the device that offers nothing but the special process
+
+    bool isEmbedded() const { return controllerHost.isEmpty(); }
+};
+
+/// Reads the command line. Nothing, with one sentence in `error`, when it cannot be taken. Options
+/// that only print (--help, --version) print and end the process.
+std::optional<Options> readOptions(const QStringList &arguments, QString *error);
