@@ -17,8 +17,6 @@ QString App::xmlName;
 bool App::DCAll_In_One = false;
 int App::m_Select_IO_Type = 0;
 
-bool isInDelay();
-
 namespace {
 
 /// What an action asks for. The labels are the pages' own texts, so their translation stands in the

@@ -1,0 +1,193 @@
+#include "veltrixwidgetfoundation.h"
+
+#include "app.h"
+#include "displaysize.h"
+#include "eventpage.h"
+#include "idlelock.h"
+#include "keycolumn.h"
+#include "language.h"
+#include "loginpage.h"
+#include "pagetitles.h"
+#include "screenhost.h"
+#include "snackbarmessage.h"
+#include "statusbar.h"
+#include "useraccounts.h"
+#include "userpage.h"
+
+#include <QEvent>
+#include <QPainter>
+
+namespace {
+
+constexpr int kContentY = TitleBar::kHeight;
+
+static_assert(DisplaySize::contentWidth + KeyColumn::kWidth == DisplaySize::width);
+static_assert(TitleBar::kHeight + DisplaySize::contentHeight + StatusBar::kHeight
+              == DisplaySize::height);
+
+} // namespace
+
+VeltrixWidgetFoundation::VeltrixWidgetFoundation(QWidget *parent)
+    : QWidget(parent), m_titleBar(new TitleBar(this)), m_keys(new KeyColumn(this)),
+      m_statusBar(new StatusBar(this)), m_events(new EventPage(this)), m_users(new UserPage(this)),
+      m_login(new LoginPage(this)), m_idleLock(new IdleLock(this)), m_lastRole(App::sysUser)
+{
+    setObjectName(QStringLiteral("VeltrixWidgetFoundation"));
+    setFixedSize(DisplaySize::width, DisplaySize::height);
+    DisplaySize::widgetX = 0;
+    DisplaySize::widgetY = kContentY;
+
+    const int width = DisplaySize::contentWidth;
+    m_titleBar->setGeometry(0, 0, width, TitleBar::kHeight);
+    m_statusBar->setGeometry(0, kContentY + DisplaySize::contentHeight, width, StatusBar::kHeight);
+    m_keys->setGeometry(width, 0, KeyColumn::kWidth, DisplaySize::height);
+    for (QWidget *page : {static_cast<QWidget *>(m_events), static_cast<QWidget *>(m_users)}) {
+        page->setGeometry(0, kContentY, width, DisplaySize::contentHeight);
+        page->hide();
+    }
+    ScreenHost::set(this);
+
+    connect(m_titleBar, &TitleBar::areaClicked, this, &VeltrixWidgetFoundation::showArea);
+    connect(m_titleBar, &TitleBar::lockClicked, this, &VeltrixWidgetFoundation::lock);
+    connect(this, &VeltrixWidgetFoundation::signal_clickUserBtn, this,
+            [this] { showArea(TitleBar::Users); });
+    connect(m_keys, &KeyColumn::aboutToChangeRobot, this,
+            &VeltrixWidgetFoundation::aboutToChangeRobot);
+    connect(m_keys, &KeyColumn::deadmanHeld, m_idleLock, &IdleLock::setHeld);
+    connect(Language::getInstance(), &Language::aboutToChange, this,
+            &VeltrixWidgetFoundation::aboutToChangeLanguage);
+    connect(UserAccounts::getInstance(), &UserAccounts::userChanged, this,
+            &VeltrixWidgetFoundation::userChanged);
+    connect(m_idleLock, &IdleLock::expired, UserAccounts::getInstance(), &UserAccounts::lock);
+    refreshTitle();
+}
+
+VeltrixWidgetFoundation::~VeltrixWidgetFoundation()
+{
+    if (ScreenHost::widget() == this)
+        ScreenHost::set(nullptr);
+}
+
+VeltrixWidgetFoundation *VeltrixWidgetFoundation::getGlobalMainWindow()
+{
+    static QPointer<VeltrixWidgetFoundation> window;
+    if (!window)
+        window = new VeltrixWidgetFoundation;
+    return window;
+}
+
+void VeltrixWidgetFoundation::addContent(QWidget *widget)
+{
+    if (!widget || m_contents.contains(widget))
+        return;
+    const bool hidden = widget->testAttribute(Qt::WA_WState_ExplicitShowHide) && widget->isHidden();
+    widget->setParent(this);
+    widget->setGeometry(DisplaySize::widgetX, DisplaySize::widgetY, DisplaySize::contentWidth,
+                        DisplaySize::contentHeight);
+    m_contents.append(widget);
+    if (m_area == TitleBar::Process)
+        widget->setVisible(!hidden);
+    else if (!hidden)
+        m_shownContents.append(widget);
+    if (m_login->isVisible())
+        m_login->raise();
+}
+
+void VeltrixWidgetFoundation::setEmbeddedController(bool embedded)
+{
+    m_keys->setEmbeddedController(embedded);
+    m_login->setEmbeddedController(embedded);
+}
+
+void VeltrixWidgetFoundation::showWidgetTitle(int group, int title, int)
+{
+    m_titleGroup = group;
+    m_titleId = title;
+    refreshTitle();
+}
+
+void VeltrixWidgetFoundation::leaveProcessPages()
+{
+    m_shownContents.clear();
+    for (const QPointer<QWidget> &content : m_contents) {
+        if (content && !content->isHidden()) {
+            m_shownContents.append(content);
+            content->hide();
+        }
+    }
+}
+
+void VeltrixWidgetFoundation::showArea(TitleBar::Area area)
+{
+    if (area != m_area) {
+        if (m_area == TitleBar::Process)
+            leaveProcessPages();
+        m_area = area;
+        m_events->setVisible(area == TitleBar::Events);
+        m_users->setVisible(area == TitleBar::Users);
+        if (area == TitleBar::Process) {
+            for (const QPointer<QWidget> &content : m_shownContents) {
+                if (content)
+                    content->show();
+            }
+        }
+        App::mainPage_ = area == TitleBar::Process ? ProcessPages
+            : area == TitleBar::Events             ? JournalPage
+                                                   : UsersPage;
+    }
+    m_titleBar->setArea(area);
+    refreshTitle();
+}
+
+void VeltrixWidgetFoundation::refreshTitle()
+{
+    setWindowTitle(tr("工艺示教器"));
+    switch (m_area) {
+    case TitleBar::Process:
+        m_titleBar->setTitle(pageTitle(m_titleGroup, m_titleId));
+        break;
+    case TitleBar::Events:
+        m_titleBar->setTitle(tr("事件记录"));
+        break;
+    case TitleBar::Users:
+        m_titleBar->setTitle(tr("用户与设置"));
+        break;
+    }
+}
+
+void VeltrixWidgetFoundation::lock()
+{
+    if (!UserAccounts::getInstance()->lock())
+        SnackbarMessage::showMessage(tr("还没有用户，无法锁定。请先在用户页添加管理员"), 3000, 3,
+                                     true);
+}
+
+void VeltrixWidgetFoundation::userChanged()
+{
+    if (App::sysUser == AUTHORITY_NONE)
+        return;
+    if (App::sysUser < m_lastRole) {
+        showArea(TitleBar::Process);
+        emit aboutToLowerRole();
+    }
+    m_lastRole = App::sysUser;
+}
+
+void VeltrixWidgetFoundation::changeEvent(QEvent *event)
+{
+    if (event->type() == QEvent::LanguageChange)
+        refreshTitle();
+    QWidget::changeEvent(event);
+}
+
+void VeltrixWidgetFoundation::paintEvent(QPaintEvent *)
+{
+    // The bars stand apart from the content by a thin line each.
+    QPainter painter(this);
+    painter.setPen(palette().color(QPalette::Mid));
+    const int right = DisplaySize::contentWidth;
+    painter.drawLine(0, kContentY - 1, right - 1, kContentY - 1);
+    painter.drawLine(0, kContentY + DisplaySize::contentHeight, right - 1,
+                     kContentY + DisplaySize::contentHeight);
+    painter.drawLine(right, 0, right, height());
+}
