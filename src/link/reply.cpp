@@ -2,10 +2,13 @@
 
 #include "eventlog.h"
 #include "morerobot.h"
+#include "robot.h"
 #include "snackbarmessage.h"
 
 #include <QComboBox>
 #include <QCoreApplication>
+#include <QPoint>
+#include <QVariant>
 #include <algorithm>
 
 Reply::Reply(wire::reply::Id id, Json::Value root) : m_id(id), m_root(std::move(root)) { }
@@ -80,11 +83,27 @@ std::optional<Reply> anyRobot(wire::reply::Id id, const QByteArray &body)
     return Reply(id, std::move(*root));
 }
 
-void selectProcessNumber(QComboBox *selector, const Reply &reply)
+bool selectProcessNumber(QComboBox *selector, const Reply &reply)
 {
+    constexpr char kFollowed[] =
+        "followedReply"; // rows before and after a reply moved the selector
     const std::optional<int> number = reply.integer("craftID");
-    if (number && *number <= selector->count())
-        selector->setCurrentIndex(std::max(*number, 0) - 1);
+    if (!number || *number > selector->count())
+        return true;
+    const int row = std::max(*number, 0) - 1;
+    const int before = selector->currentIndex();
+    if (row == before) {
+        selector->setProperty(kFollowed, QVariant());
+        return true;
+    }
+    const QPoint followed = selector->property(kFollowed).toPoint();
+    const bool isWayBack =
+        selector->property(kFollowed).isValid() && followed.x() == row && followed.y() == before;
+    if (isWayBack && Robot::getInstance()->isConnected())
+        return false;
+    selector->setProperty(kFollowed, QPoint(before, row));
+    selector->setCurrentIndex(row);
+    return true;
 }
 
 namespace error {

@@ -81,7 +81,13 @@ std::optional<Reply> anyRobot(wire::reply::Id id, const QByteArray &body);
 
 /// Sets `selector` to the row of the reply's process number, if it is there and at most the number
 /// of rows. There is no lower bound: 0 and below leave no row selected.
-void selectProcessNumber(QComboBox *selector, const Reply &reply);
+///
+/// Setting the row makes the page ask anew. Two requests that are under way at once, because the
+/// operator changed the number before the first answer came, would so chase each other for ever:
+/// the answer to each selects its number and asks again. So a reply that would only take back what
+/// the reply before it selected is not followed; the answer is then false, and the reply is to be
+/// dropped.
+bool selectProcessNumber(QComboBox *selector, const Reply &reply);
 
 /// The errors of the warning checks, shown for 5000 ms with kind 1. The two of the positions end
 /// with a full-width exclamation mark.

@@ -115,9 +115,8 @@ void TechnologyWidget::modifypolish()
 void TechnologyWidget::updatePolishParam(const QByteArray &body)
 {
     const std::optional<Reply> polish = reply::strict(wire::reply::robot_Polish_Para, body);
-    if (!polish)
+    if (!polish || !reply::selectProcessNumber(ui->m_pPolishCombox, *polish))
         return;
-    reply::selectProcessNumber(ui->m_pPolishCombox, *polish);
     for (const Field &field : kFields)
         fields::fill(field, ui, *polish);
 }
