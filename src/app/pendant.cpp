@@ -1,6 +1,7 @@
 #include "app/pendant.h"
 
 #include "app.h"
+#include "eventpage.h"
 #include "language.h"
 #include "link/messages.h"
 #include "newtechnologywidget.h"
@@ -68,6 +69,8 @@ void Pendant::wirePages()
     QObject::connect(m_window, &VeltrixWidgetFoundation::aboutToChangeRobot, m_pages, backToMenu);
     QObject::connect(m_window, &VeltrixWidgetFoundation::aboutToChangeLanguage, m_pages,
                      backToMenu);
+    // ... and one user's open page is not for another with fewer rights.
+    QObject::connect(m_window, &VeltrixWidgetFoundation::aboutToLowerRole, m_pages, backToMenu);
     backToMenu();
 }
 
@@ -83,8 +86,9 @@ bool Pendant::start(const Options &options, QString *error)
     UserAccounts::getInstance()->start(options.isEmbedded());
 
     m_window = VeltrixWidgetFoundation::getGlobalMainWindow();
-    m_window->setDataDirectory(options.dataDirectory);
-    m_window->setMessageNames([](quint16 id) {
+    m_window->setEmbeddedController(options.isEmbedded());
+    m_window->eventPage()->setExportDirectory(options.dataDirectory);
+    m_window->eventPage()->setMessageNames([](quint16 id) {
         const char *name = message::name(id);
         return name ? QString::fromLatin1(name) : QString();
     });

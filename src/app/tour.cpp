@@ -88,7 +88,7 @@ bool Tour::visitHostedPages()
         if (!touch(QLatin1String(button)))
             return false;
         picture(QLatin1String(button));
-        if (!touch(QStringLiteral("hostedBack")))
+        if (!touch(QStringLiteral("hostedPageBack")))
             return false;
     }
     return true;
@@ -96,12 +96,12 @@ bool Tour::visitHostedPages()
 
 bool Tour::visitApplicationPages()
 {
-    for (const char *button : {"btnShowEvents", "btnShowUsers"}) {
+    for (const char *button : {"areaEvents", "areaUsers"}) {
         if (!touch(QLatin1String(button)))
             return false;
         picture(QLatin1String(button));
     }
-    return touch(QStringLiteral("btnShowProcess"));
+    return touch(QStringLiteral("areaProcess"));
 }
 
 /// Reads process number 3, changes it, is refused a value, saves, and finds it again.
@@ -153,7 +153,7 @@ bool Tour::touch(const QString &objectName)
     const QPoint inHit = hit->mapFrom(window, inWindow);
     send(hit, QEvent::MouseButtonPress, inHit);
     send(hit, QEvent::MouseButtonRelease, inHit);
-    QApplication::processEvents();
+    settle();
     return true;
 }
 
@@ -181,6 +181,7 @@ bool Tour::chooseRow(const QString &comboBox, int row)
         const int before = box->currentIndex();
         QKeyEvent press(QEvent::KeyPress, before < row ? Qt::Key_Down : Qt::Key_Up, Qt::NoModifier);
         QApplication::sendEvent(box, &press);
+        settle();
         if (box->currentIndex() == before)
             return fail(QStringLiteral("%1 does not go to row %2").arg(comboBox).arg(row));
     }
@@ -205,12 +206,17 @@ bool Tour::waitFor(const QString &what, const std::function<bool()> &condition)
     return true;
 }
 
+/// Answers that are under way come in, as they would before an operator's next touch.
+void Tour::settle()
+{
+    const QDeadlineTimer deadline(150);
+    while (!deadline.hasExpired())
+        QApplication::processEvents(QEventLoop::AllEvents, 20);
+}
+
 void Tour::picture(const QString &name, QWidget *widget)
 {
-    // an answer that is under way belongs into the picture
-    const QDeadlineTimer settle(150);
-    while (!settle.hasExpired())
-        QApplication::processEvents(QEventLoop::AllEvents, 20);
+    settle();
     const QString file =
         QStringLiteral("%1-%2.png").arg(++m_pictures, 2, 10, QLatin1Char('0')).arg(name);
     (widget ? widget : m_pendant.window())->grab().save(QDir(m_directory).filePath(file));

@@ -30,6 +30,7 @@ private:
     bool chooseRow(const QString &comboBox, int row);
     bool shows(const QString &field, const QString &text);
     bool waitFor(const QString &what, const std::function<bool()> &condition);
+    void settle();
     void picture(const QString &name, QWidget *widget = nullptr);
     bool fail(const QString &what);
 

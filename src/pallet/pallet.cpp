@@ -3,15 +3,14 @@
 #include "shell/technologyform.h"
 #include "shell/technologywidget.h"
 
-#include <QRegExp>
-#include <QRegExpValidator>
+#include <QRegularExpressionValidator>
 #include <QTimer>
 
 void TechnologyWidget::initPalletTechInterface()
 {
     setReturnButtonSheet({ui->m_pBtnPalletTechReturn});
-    ui->levelsnum->setValidator(
-        new QRegExpValidator(QRegExp(QStringLiteral("[1-9][0-9]{0,3}")), this));
+    ui->levelsnum->setValidator(new QRegularExpressionValidator(
+        QRegularExpression(QStringLiteral("[1-9][0-9]{0,3}")), this));
     for (QTimer **timer : {&palletPositionTimer, &wizardPositionTimer, &palletEasyPositionTimer,
                            &bwbPositionTimer}) {
         *timer = new QTimer;

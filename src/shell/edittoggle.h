@@ -14,7 +14,7 @@ struct EditPage {
     /// Guarded pages only: shown in edit state. A page without it is a bare page.
     QPushButton *cancel = nullptr;
     /// Guarded pages only: return and page buttons, locked in edit state.
-    QVector<QPushButton *> navigation;
+    QVector<QPushButton *> navigation = {};
 
     bool isGuarded() const { return cancel != nullptr; }
 };

@@ -9,8 +9,7 @@
 #include "shell/technologyform.h"
 
 #include <QEvent>
-#include <QRegExp>
-#include <QRegExpValidator>
+#include <QRegularExpressionValidator>
 #include <QTableWidget>
 #include <QTimer>
 
@@ -60,8 +59,8 @@ TechnologyWidget::TechnologyWidget(QWidget *parent)
 
     laserStateTimer = new QTimer;
     laserStateTimer->setInterval(400);
-    ui->workPieceNum->setValidator(
-        new QRegExpValidator(QRegExp(QStringLiteral("[1-9][0-9]{0,3}")), this));
+    ui->workPieceNum->setValidator(new QRegularExpressionValidator(
+        QRegularExpression(QStringLiteral("[1-9][0-9]{0,3}")), this));
     initCanvases();
     ui->Forward->setText(QStringLiteral("1"));
     forwardStep = ui->Forward->text().toInt();
