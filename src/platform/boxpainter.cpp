@@ -231,7 +231,7 @@ void BoxPainter::drawForeground(QPainter *painter, const QRectF &)
         const int x = mapFromScene(QPointF(i * m_gridStep, 0)).x();
         if (x > view.right() || i * m_gridStep > m_extent.width())
             break;
-        if (x >= 24)
+        if (x >= 24 && x < view.right() - 54)
             painter->drawText(QRect(x - 30, top - 14, 60, 14), Qt::AlignCenter,
                               QString::number(i * m_gridStep));
     }
@@ -239,7 +239,7 @@ void BoxPainter::drawForeground(QPainter *painter, const QRectF &)
         const int y = mapFromScene(QPointF(0, i * m_gridStep)).y();
         if (y > view.bottom() || i * m_gridStep > m_extent.height())
             break;
-        if (y >= 24)
+        if (y >= 24 && y < view.bottom() - 42)
             painter->drawText(QRect(0, y - 7, left, 14), Qt::AlignRight | Qt::AlignVCenter,
                               QString::number(i * m_gridStep));
     }

@@ -16,7 +16,7 @@
 
 namespace {
 
-constexpr int kKeySize = 64;
+constexpr int kKeyHeight = 64;
 constexpr int kGap = 4;
 
 QPointer<EntryPanel> openPanel;
@@ -68,7 +68,8 @@ QValidator::State stateOf(const QLineEdit *field, QString text)
 
 } // namespace
 
-EntryPanel::EntryPanel(QLineEdit *field) : QWidget(field->window()), m_field(field)
+EntryPanel::EntryPanel(QLineEdit *field, int keyWidth)
+    : QWidget(field->window()), m_field(field), m_keyWidth(keyWidth)
 {
     if (openPanel)
         openPanel->cancel();
@@ -146,6 +147,10 @@ QString EntryPanel::hint() const
 void EntryPanel::present()
 {
     InputGate::getInstance()->addCompanion(this);
+    const QSize needed = m_panel->sizeHint();
+    const QSize room = parentWidget()->size();
+    if (needed.width() > room.width() || needed.height() > room.height())
+        setWindowFlags(Qt::Tool | Qt::FramelessWindowHint | Qt::WindowDoesNotAcceptFocus);
     place();
     show();
     raise();
@@ -153,14 +158,20 @@ void EntryPanel::present()
 
 void EntryPanel::place()
 {
+    const QSize size = m_panel->sizeHint();
     const QWidget *window = parentWidget();
+    if (isWindow()) {
+        m_panel->setGeometry(QRect(QPoint(0, 0), size));
+        const QPoint centre = window->mapToGlobal(window->rect().center());
+        setGeometry(QRect(centre - QPoint(size.width() / 2, size.height() / 2), size));
+        return;
+    }
     QRect area = window->rect();
     const QWidget *host = ScreenHost::widget();
     if (host && host != window && window->isAncestorOf(host) && host->isAncestorOf(m_field))
         area = QRect(host->mapTo(window, QPoint(0, 0)), host->size());
     setGeometry(area);
 
-    const QSize size = m_panel->sizeHint();
     int y = (area.height() - size.height()) / 2;
     if (m_field) {
         // Leave the field in view where the height allows it.
@@ -178,7 +189,7 @@ QAbstractButton *EntryPanel::addKey(const QString &name, const QString &label, i
     key->setObjectName(QStringLiteral("key_") + name);
     key->setFocusPolicy(Qt::NoFocus);
     key->setFont(SetFontSize::setSize(label.size() > 1 ? 15 : 18));
-    key->setMinimumSize(kKeySize * columns + kGap * (columns - 1), kKeySize);
+    key->setFixedSize(m_keyWidth * columns + kGap * (columns - 1), kKeyHeight);
     m_keys->addWidget(key, row, column, 1, columns);
     return key;
 }

@@ -8,8 +8,9 @@ class QGridLayout;
 class QLabel;
 class QLineEdit;
 
-/// What keypad and letter keyboard have in common: a panel laid over the field's window, with the
-/// field's name, its old value, a preview of the new one, and OK and cancel.
+/// What keypad and letter keyboard have in common: a panel laid over the field's window (a window
+/// of its own where that one is too small for it), with the field's name, its old value, a preview
+/// of the new one, and OK and cancel.
 ///
 /// One panel is open at a time. It is made for one entry and deletes itself after it. The field
 /// keeps the focus; a key of a real keyboard goes to the field as long as no key of the panel was
@@ -40,12 +41,13 @@ public slots:
     void cancel();
 
 protected:
-    explicit EntryPanel(QLineEdit *field);
+    /// `keyWidth` is the width of a key that spans one column, in pixels.
+    EntryPanel(QLineEdit *field, int keyWidth);
 
     /// Lays the panel over the window. Called at the end of the derived constructor.
     void present();
 
-    /// A key of at least 64 x 64 pixels, named `key_<name>`, that leaves the focus alone.
+    /// A key 64 pixels high, named `key_<name>`, that leaves the focus alone.
     QAbstractButton *addKey(const QString &name, const QString &label, int row, int column,
                             int columns = 1);
     QGridLayout *keys() const { return m_keys; }
@@ -82,6 +84,7 @@ private:
     QLabel *m_hint;
     QLineEdit *m_preview;
     QGridLayout *m_keys;
+    int m_keyWidth;
     bool m_used = false; ///< a key of the panel was touched
     bool m_closed = false;
 };

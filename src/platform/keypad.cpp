@@ -4,7 +4,7 @@
 #include <QLineEdit>
 #include <QValidator>
 
-Keypad::Keypad(QLineEdit *field) : EntryPanel(field)
+Keypad::Keypad(QLineEdit *field) : EntryPanel(field, 80)
 {
     setObjectName(QStringLiteral("keypad"));
     const struct {

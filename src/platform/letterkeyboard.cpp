@@ -3,7 +3,7 @@
 #include <QAbstractButton>
 #include <QLineEdit>
 
-LetterKeyboard::LetterKeyboard(QLineEdit *field) : EntryPanel(field)
+LetterKeyboard::LetterKeyboard(QLineEdit *field) : EntryPanel(field, 64)
 {
     setObjectName(QStringLiteral("letterKeyboard"));
     const struct {

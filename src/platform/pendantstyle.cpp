@@ -3,7 +3,7 @@
 #include "setfontsize.h"
 
 #include <QApplication>
-#include <QComboBox>
+#include <QListView>
 #include <QPainter>
 #include <QPainterPath>
 #include <QStyleFactory>
@@ -166,6 +166,8 @@ int PendantStyle::pixelMetric(PixelMetric metric, const QStyleOption *option,
         return 10;
     case PM_ScrollBarExtent:
         return 26;
+    case PM_HeaderDefaultSectionSizeVertical:
+        return kTarget;
     case PM_ScrollBarSliderMin:
         return 44;
     case PM_ButtonShiftHorizontal:
@@ -213,9 +215,8 @@ QSize PendantStyle::sizeFromContents(ContentsType type, const QStyleOption *opti
         result.setHeight(qMax(result.height(), kTarget));
         break;
     case CT_ItemViewItem:
-        // The rows of a list that a combo box opens; tables have the row heights of their page.
-        if (widget && widget->parentWidget()
-            && widget->parentWidget()->inherits("QComboBoxPrivateContainer"))
+        // The rows of lists; tables have the row heights of their page.
+        if (qobject_cast<const QListView *>(widget))
             result.setHeight(qMax(result.height(), kTarget + 4));
         break;
     default:
@@ -237,6 +238,19 @@ QRect PendantStyle::subControlRect(ComplexControl control, const QStyleOptionCom
             return visualRect(option->direction, rect, rect.adjusted(8, 2, -arrow, -2));
     }
     return QProxyStyle::subControlRect(control, option, subControl, widget);
+}
+
+QRect PendantStyle::subElementRect(SubElement element, const QStyleOption *option,
+                                   const QWidget *widget) const
+{
+    QRect rect = QProxyStyle::subElementRect(element, option, widget);
+    if (element == SE_LineEditContents) {
+        // A field keeps its text clear of the rounded outline; an editor in a table cell has none.
+        const auto *frame = qstyleoption_cast<const QStyleOptionFrame *>(option);
+        if (frame && frame->lineWidth > 0 && rect.width() > 40)
+            rect.adjust(4, 0, -4, 0);
+    }
+    return rect;
 }
 
 void PendantStyle::drawPrimitive(PrimitiveElement element, const QStyleOption *option,
@@ -261,8 +275,6 @@ void PendantStyle::drawPrimitive(PrimitiveElement element, const QStyleOption *o
         return;
     case PE_FrameFocusRect:
         // Focus shows in the outline of the button or field itself.
-        if (!qobject_cast<const QComboBox *>(widget) && !widget)
-            break;
         return;
     default:
         break;

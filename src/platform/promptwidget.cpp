@@ -71,11 +71,11 @@ const Kind kinds[] = {
      QT_TRANSLATE_NOOP("PromptWidget", "将当前图形复制到："), kOk, kNo, TargetAndPicture, nullptr,
      nullptr, &P::cancelCopyPalletPicture},
     {P::PROMPT_EASY_MODE, QT_TRANSLATE_NOOP("PromptWidget", "切换码垛模式"),
-     QT_TRANSLATE_NOOP("PromptWidget", "%1已设定为完整码垛，确定切换为简易码垛模式吗？"),
+     QT_TRANSLATE_NOOP("PromptWidget", "确定将%1切换为简易码垛模式吗？"),
      QT_TRANSLATE_NOOP("PromptWidget", "确定切换为简易码垛模式吗？"), kOk, kNo, NoTarget,
      &P::easyMode, nullptr, &P::CancelEasyMode},
     {P::PROMPT_COMPLETE_MODE, QT_TRANSLATE_NOOP("PromptWidget", "切换码垛模式"),
-     QT_TRANSLATE_NOOP("PromptWidget", "%1已设定为简易码垛，确定切换为完整码垛模式吗？"),
+     QT_TRANSLATE_NOOP("PromptWidget", "确定将%1切换为完整码垛模式吗？"),
      QT_TRANSLATE_NOOP("PromptWidget", "确定切换为完整码垛模式吗？"), kOk, kNo, NoTarget,
      &P::completeMode, nullptr, &P::CancelCompleteMode},
     {P::PROMPT_CLEAN_TRACK, QT_TRANSLATE_NOOP("PromptWidget", "清空传送带参数"),
@@ -127,7 +127,7 @@ PromptWidget::PromptWidget(QWidget *parent)
     m_title->setFont(SetFontSize::setSize(16));
     m_question->setObjectName(QStringLiteral("promptQuestion"));
     m_question->setWordWrap(true);
-    m_question->setFixedWidth(460);
+    m_question->setFixedWidth(500);
     m_confirm->setObjectName(QStringLiteral("promptConfirm"));
     m_cancel->setObjectName(QStringLiteral("promptCancel"));
     for (QPushButton *button : {m_confirm, m_cancel})

@@ -9,6 +9,8 @@
 #include <QPainter>
 #include <QPainterPath>
 #include <QPointer>
+#include <QTextLayout>
+#include <QtMath>
 
 namespace {
 
@@ -64,6 +66,35 @@ QPainterPath symbolOf(int kind, const QRectF &box)
     return path;
 }
 
+/// Lays the text into lines of `width` pixels, broken at words and, in a word that is too long,
+/// anywhere. Returns the height.
+qreal breakLines(QTextLayout &layout, int width)
+{
+    QTextOption option;
+    option.setWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
+    layout.setTextOption(option);
+    qreal height = 0;
+    layout.beginLayout();
+    for (QTextLine line = layout.createLine(); line.isValid(); line = layout.createLine()) {
+        line.setLineWidth(width);
+        line.setPosition(QPointF(0, height));
+        height += line.height();
+    }
+    layout.endLayout();
+    return height;
+}
+
+/// An upright bar and a dot: the dot above for information, below for a warning.
+void drawMark(QPainter &painter, const QRectF &box, bool warns)
+{
+    const qreal x = box.center().x();
+    const qreal y = box.center().y();
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(Qt::white);
+    painter.drawEllipse(QPointF(x, warns ? y + 4.5 : y - 4.5), 1.5, 1.5);
+    painter.drawRoundedRect(QRectF(x - 1.25, warns ? y - 6 : y - 1.5, 2.5, 7.5), 1.2, 1.2);
+}
+
 QPointer<SnackbarStack> currentStack;
 
 } // namespace
@@ -98,10 +129,8 @@ QRect SnackbarPanel::textRect(int width) const
 
 int SnackbarPanel::heightAt(int width) const
 {
-    const QRect room(0, 0, textRect(width).width(), 4000);
-    const QRect used = fontMetrics().boundingRect(
-        room, Qt::AlignLeft | Qt::TextWordWrap | Qt::TextWrapAnywhere, m_text);
-    return qMax(kMinHeight, used.height() + 16);
+    QTextLayout layout(m_text, font());
+    return qMax(kMinHeight, qCeil(breakLines(layout, textRect(width).width())) + 16);
 }
 
 void SnackbarPanel::paintEvent(QPaintEvent *)
@@ -121,22 +150,21 @@ void SnackbarPanel::paintEvent(QPaintEvent *)
     painter.strokePath(outline, QPen(look.colour, 1));
 
     const QRectF box(12, height() / 2.0 - 10, 20, 20);
+    painter.setBrush(Qt::NoBrush);
     painter.strokePath(symbolOf(m_kind, box), QPen(Qt::white, 1.6));
+    const bool warns = m_kind == 3 || m_kind == 4;
+    drawMark(painter, m_kind == 3 ? box.translated(0, 2.5) : box, warns);
     painter.setPen(Qt::white);
     QFont small = font();
-    small.setPointSize(11);
-    small.setBold(true);
+    small.setPointSize(12);
     painter.setFont(small);
-    const QString mark = m_kind == 2 || m_kind == 1 ? QStringLiteral("i") : QStringLiteral("!");
-    painter.drawText(m_kind == 3 ? box.adjusted(0, 4, 0, 3) : box, Qt::AlignCenter, mark);
     painter.drawText(QRect(34, 0, kBadge - 36, height()), Qt::AlignCenter, look.word);
 
-    painter.setFont(font());
     painter.setPen(QColor(0x20, 0x24, 0x28));
-    QRect text = textRect(width());
-    text.setHeight(height());
-    painter.drawText(
-        text, Qt::AlignVCenter | Qt::AlignLeft | Qt::TextWordWrap | Qt::TextWrapAnywhere, m_text);
+    const QRect text = textRect(width());
+    QTextLayout layout(m_text, font());
+    const qreal used = breakLines(layout, text.width());
+    layout.draw(&painter, QPointF(text.left(), (height() - used) / 2));
 }
 
 void SnackbarPanel::mousePressEvent(QMouseEvent *event)

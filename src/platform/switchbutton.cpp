@@ -56,6 +56,8 @@ void SwitchButton::paintEvent(QPaintEvent *)
         word.setRight(knob.left());
     else
         word.setLeft(knob.right());
-    painter.setPen(m_check ? QColor(Qt::white) : QColor(enabled ? 0x20 : 0x60, 0x28, 0x30));
+    const QColor dark =
+        palette().color(enabled ? QPalette::Active : QPalette::Disabled, QPalette::WindowText);
+    painter.setPen(m_check ? QColor(Qt::white) : dark);
     painter.drawText(word, Qt::AlignCenter, m_check ? tr("开") : tr("关"));
 }
