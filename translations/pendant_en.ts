@@ -5,597 +5,1384 @@
     <name>App</name>
     <message>
         <source>屏幕已锁定，不能操作：%1</source>
-        <translation type="unfinished"></translation>
+        <translation>Screen locked, not available: %1</translation>
     </message>
     <message>
         <source>请先登录（需要%2）：%1</source>
-        <translation type="unfinished"></translation>
+        <translation>Log in first (%2 needed): %1</translation>
     </message>
     <message>
         <source>权限不足：%1需要%2权限</source>
-        <translation type="unfinished"></translation>
+        <translation>Not permitted: %1 needs the role %2</translation>
     </message>
     <message>
         <source>操作员</source>
-        <translation type="unfinished"></translation>
+        <translation>Operator</translation>
     </message>
     <message>
         <source>技术员</source>
-        <translation type="unfinished"></translation>
+        <translation>Technician</translation>
     </message>
     <message>
         <source>管理员</source>
-        <translation type="unfinished"></translation>
+        <translation>Administrator</translation>
     </message>
     <message>
         <source>未登录</source>
-        <translation type="unfinished"></translation>
+        <translation>Nobody logged in</translation>
     </message>
 </context>
 <context>
     <name>EntryPanel</name>
     <message>
         <source>输入</source>
-        <translation type="unfinished"></translation>
+        <translation>Entry</translation>
     </message>
     <message>
         <source>%1（%2）</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 (%2)</translation>
     </message>
     <message>
         <source>原值 %1</source>
-        <translation type="unfinished"></translation>
+        <translation>Was %1</translation>
     </message>
     <message>
         <source>最多%1个字符</source>
-        <translation type="unfinished"></translation>
+        <translation>At most %1 characters</translation>
     </message>
     <message>
         <source>此处不能输入“%1”</source>
-        <translation type="unfinished"></translation>
+        <translation>“%1” cannot be entered here</translation>
     </message>
     <message>
         <source>此值不可用，请修改</source>
-        <translation type="unfinished"></translation>
+        <translation>This value cannot be used; please change it</translation>
     </message>
 </context>
 <context>
     <name>EventLog</name>
     <message>
         <source>无法写入 %1：%2</source>
-        <translation type="unfinished"></translation>
+        <translation>Cannot write %1: %2</translation>
+    </message>
+</context>
+<context>
+    <name>EventModel</name>
+    <message>
+        <source>发送消息</source>
+        <translation>Message sent</translation>
+    </message>
+    <message>
+        <source>提示</source>
+        <translation>Message shown</translation>
+    </message>
+    <message>
+        <source>询问</source>
+        <translation>Question</translation>
+    </message>
+    <message>
+        <source>询问结束</source>
+        <translation>Question closed</translation>
+    </message>
+    <message>
+        <source>日志</source>
+        <translation>Log</translation>
+    </message>
+    <message>
+        <source>权限</source>
+        <translation>Rights</translation>
+    </message>
+    <message>
+        <source>遮盖</source>
+        <translation>Cover</translation>
+    </message>
+    <message>
+        <source>取消遮盖</source>
+        <translation>Uncover</translation>
+    </message>
+    <message>
+        <source>安全开关</source>
+        <translation>Safety switch</translation>
+    </message>
+    <message>
+        <source>等待</source>
+        <translation>Wait</translation>
+    </message>
+    <message>
+        <source>程序</source>
+        <translation>Job</translation>
+    </message>
+    <message>
+        <source>配置</source>
+        <translation>Configuration</translation>
+    </message>
+    <message>
+        <source>链路</source>
+        <translation>Link</translation>
+    </message>
+    <message>
+        <source>按键</source>
+        <translation>Key</translation>
+    </message>
+    <message>
+        <source>读取错误</source>
+        <translation>Unreadable</translation>
+    </message>
+    <message>
+        <source>序号</source>
+        <translation>No.</translation>
+    </message>
+    <message>
+        <source>时间</source>
+        <translation>Time</translation>
+    </message>
+    <message>
+        <source>类别</source>
+        <translation>Kind</translation>
+    </message>
+    <message>
+        <source>内容</source>
+        <translation>Content</translation>
+    </message>
+</context>
+<context>
+    <name>EventPage</name>
+    <message>
+        <source>无法创建目录 %1</source>
+        <translation>Cannot make the directory %1</translation>
+    </message>
+    <message>
+        <source>事件已导出：%1</source>
+        <translation>Events exported: %1</translation>
+    </message>
+    <message>
+        <source>%1 条</source>
+        <translation>%1 entries</translation>
+    </message>
+    <message>
+        <source>类别</source>
+        <translation>Kind</translation>
+    </message>
+    <message>
+        <source>消息号</source>
+        <translation>Message id</translation>
+    </message>
+    <message>
+        <source>导出</source>
+        <translation>Export</translation>
+    </message>
+    <message>
+        <source>选择一条事件，此处显示完整内容</source>
+        <translation>Select an event to see it whole</translation>
+    </message>
+    <message>
+        <source>全部</source>
+        <translation>All</translation>
+    </message>
+</context>
+<context>
+    <name>KeyColumn</name>
+    <message>
+        <source>示教</source>
+        <translation>Teach</translation>
+    </message>
+    <message>
+        <source>自动</source>
+        <translation>Auto</translation>
+    </message>
+    <message>
+        <source>远程</source>
+        <translation>Remote</translation>
+    </message>
+    <message>
+        <source>伺服
+%1</source>
+        <translation>Servo
+%1</translation>
+    </message>
+    <message>
+        <source>未知</source>
+        <translation>?</translation>
+    </message>
+    <message>
+        <source>开</source>
+        <translation>On</translation>
+    </message>
+    <message>
+        <source>关</source>
+        <translation>Off</translation>
+    </message>
+    <message>
+        <source>使能
+（按住）
+%1</source>
+        <translation>Enable
+(hold)
+%1</translation>
+    </message>
+    <message>
+        <source>有效</source>
+        <translation>held</translation>
+    </message>
+    <message>
+        <source>无效</source>
+        <translation>released</translation>
+    </message>
+    <message>
+        <source>模式</source>
+        <translation>Mode</translation>
+    </message>
+    <message>
+        <source>机器人</source>
+        <translation>Robot</translation>
+    </message>
+    <message>
+        <source>机器人 %1</source>
+        <translation>Robot %1</translation>
+    </message>
+</context>
+<context>
+    <name>Keypad</name>
+    <message>
+        <source>清空</source>
+        <translation>Clear</translation>
+    </message>
+    <message>
+        <source>取消</source>
+        <translation>Cancel</translation>
+    </message>
+    <message>
+        <source>确定</source>
+        <translation>OK</translation>
+    </message>
+    <message>
+        <source>已有小数点</source>
+        <translation>There is a decimal point already</translation>
+    </message>
+    <message>
+        <source>此处不能输入负号</source>
+        <translation>No minus sign can be entered here</translation>
+    </message>
+</context>
+<context>
+    <name>LetterKeyboard</name>
+    <message>
+        <source>空格</source>
+        <translation>Space</translation>
+    </message>
+    <message>
+        <source>清空</source>
+        <translation>Clear</translation>
+    </message>
+    <message>
+        <source>取消</source>
+        <translation>Cancel</translation>
+    </message>
+    <message>
+        <source>确定</source>
+        <translation>OK</translation>
+    </message>
+</context>
+<context>
+    <name>LinkLamp</name>
+    <message>
+        <source>已连接</source>
+        <translation>Connected</translation>
+    </message>
+    <message>
+        <source>连接中</source>
+        <translation>Connecting</translation>
+    </message>
+    <message>
+        <source>已断开</source>
+        <translation>Link lost</translation>
+    </message>
+    <message>
+        <source>未连接</source>
+        <translation>No link</translation>
+    </message>
+</context>
+<context>
+    <name>LoginPage</name>
+    <message>
+        <source>密码错误。请等待 %1 秒后再试</source>
+        <translation>Wrong password. Try again in %1 s</translation>
+    </message>
+    <message>
+        <source>请重新输入密码</source>
+        <translation>Please enter the password again</translation>
+    </message>
+    <message>
+        <source>两次输入的密码不一致</source>
+        <translation>The two passwords differ</translation>
+    </message>
+    <message>
+        <source>没有这个用户</source>
+        <translation>There is no such user</translation>
+    </message>
+    <message>
+        <source>首次启动：请设置管理员密码</source>
+        <translation>First start: set the administrator&apos;s password</translation>
+    </message>
+    <message>
+        <source>屏幕已锁定，请登录</source>
+        <translation>Screen locked, please log in</translation>
+    </message>
+    <message>
+        <source>用户</source>
+        <translation>User</translation>
+    </message>
+    <message>
+        <source>新密码</source>
+        <translation>New password</translation>
+    </message>
+    <message>
+        <source>密码</source>
+        <translation>Password</translation>
+    </message>
+    <message>
+        <source>再次输入</source>
+        <translation>Again</translation>
+    </message>
+    <message>
+        <source>设置密码并进入</source>
+        <translation>Set password and go on</translation>
+    </message>
+    <message>
+        <source>登录</source>
+        <translation>Log in</translation>
+    </message>
+    <message>
+        <source>至少 %1 个字符，用户名为 %2</source>
+        <translation>At least %1 characters; the user name is %2</translation>
     </message>
 </context>
 <context>
     <name>NewTechnologyWidget</name>
     <message>
         <source>焊接</source>
-        <translation type="unfinished"></translation>
+        <translation>Welding</translation>
     </message>
     <message>
         <source>视觉</source>
-        <translation type="unfinished"></translation>
+        <translation>Vision</translation>
     </message>
     <message>
         <source>电批</source>
-        <translation type="unfinished"></translation>
+        <translation>Screwdriver</translation>
     </message>
     <message>
         <source>其他工艺</source>
-        <translation type="unfinished"></translation>
+        <translation>Other process</translation>
     </message>
     <message>
         <source>此处显示“%1”页面，由相应的工艺组件提供。
 当前设备未安装该组件。</source>
-        <translation type="unfinished"></translation>
+        <translation>The page “%1” shows here; a process component of its own provides it.
+It is not installed on this device.</translation>
     </message>
     <message>
         <source>返回</source>
-        <translation type="unfinished"></translation>
+        <translation>Return</translation>
+    </message>
+</context>
+<context>
+    <name>PageTitle</name>
+    <message>
+        <source>工艺</source>
+        <translation>Process</translation>
+    </message>
+    <message>
+        <source>码垛工艺</source>
+        <translation>Palletising</translation>
+    </message>
+    <message>
+        <source>激光切割工艺</source>
+        <translation>Laser cutting</translation>
+    </message>
+    <message>
+        <source>码垛导航</source>
+        <translation>Palletising steps</translation>
+    </message>
+    <message>
+        <source>码垛 - 抓手设置</source>
+        <translation>Palletising - gripper</translation>
+    </message>
+    <message>
+        <source>码垛 - 托盘设置</source>
+        <translation>Palletising - tray</translation>
+    </message>
+    <message>
+        <source>码垛 - 位置设置</source>
+        <translation>Palletising - positions</translation>
+    </message>
+    <message>
+        <source>码垛 - 工件参数</source>
+        <translation>Palletising - workpiece</translation>
+    </message>
+    <message>
+        <source>码垛 - 接近参数</source>
+        <translation>Palletising - approach</translation>
+    </message>
+    <message>
+        <source>码垛 - 重叠模式</source>
+        <translation>Palletising - layers</translation>
+    </message>
+    <message>
+        <source>码垛 - 平面模式</source>
+        <translation>Palletising - layer pattern</translation>
+    </message>
+    <message>
+        <source>码垛 - 多重计数</source>
+        <translation>Palletising - multiple count</translation>
+    </message>
+    <message>
+        <source>码垛 - 程序向导</source>
+        <translation>Palletising - job wizard</translation>
+    </message>
+    <message>
+        <source>简易码垛</source>
+        <translation>Easy palletising</translation>
+    </message>
+    <message>
+        <source>简易码垛 - 抓手设置</source>
+        <translation>Easy palletising - gripper</translation>
+    </message>
+    <message>
+        <source>简易码垛 - 位置设置</source>
+        <translation>Easy palletising - positions</translation>
+    </message>
+    <message>
+        <source>专用工艺</source>
+        <translation>Special process</translation>
+    </message>
+    <message>
+        <source>传送带跟踪工艺</source>
+        <translation>Conveyor tracking</translation>
+    </message>
+    <message>
+        <source>传送带 - 跟踪参数</source>
+        <translation>Conveyor - tracking</translation>
+    </message>
+    <message>
+        <source>激光 - 打孔参数</source>
+        <translation>Laser - piercing</translation>
+    </message>
+    <message>
+        <source>激光 - 切割参数</source>
+        <translation>Laser - cutting</translation>
+    </message>
+    <message>
+        <source>激光 - 模拟量设置</source>
+        <translation>Laser - analog</translation>
+    </message>
+    <message>
+        <source>激光 - IO设置</source>
+        <translation>Laser - IO</translation>
+    </message>
+    <message>
+        <source>激光 - 手动操作</source>
+        <translation>Laser - manual</translation>
+    </message>
+    <message>
+        <source>打磨工艺</source>
+        <translation>Polishing</translation>
+    </message>
+    <message>
+        <source>打磨参数</source>
+        <translation>Polishing parameters</translation>
+    </message>
+    <message>
+        <source>喷涂工艺</source>
+        <translation>Spraying</translation>
+    </message>
+    <message>
+        <source>喷涂 - 模拟量设置</source>
+        <translation>Spraying - analog</translation>
+    </message>
+    <message>
+        <source>喷涂 - 数字量设置</source>
+        <translation>Spraying - digital</translation>
+    </message>
+    <message>
+        <source>喷涂 - 时序设置</source>
+        <translation>Spraying - sequence</translation>
+    </message>
+    <message>
+        <source>喷涂 - 手动操作</source>
+        <translation>Spraying - manual</translation>
+    </message>
+    <message>
+        <source>喷涂 - 跟踪参数</source>
+        <translation>Spraying - track</translation>
+    </message>
+    <message>
+        <source>传送带 - 基本信息</source>
+        <translation>Conveyor - basics</translation>
+    </message>
+    <message>
+        <source>传送带 - 工具与检测源</source>
+        <translation>Conveyor - tool and sensor</translation>
+    </message>
+    <message>
+        <source>传送带 - 标定</source>
+        <translation>Conveyor - calibration</translation>
+    </message>
+    <message>
+        <source>传送带 - 第二种标定</source>
+        <translation>Conveyor - second calibration</translation>
+    </message>
+    <message>
+        <source>传送带 - 位置设置</source>
+        <translation>Conveyor - window</translation>
+    </message>
+    <message>
+        <source>码垛类型</source>
+        <translation>Palletising type</translation>
+    </message>
+    <message>
+        <source>码垛 - 位置调试</source>
+        <translation>Palletising - location</translation>
+    </message>
+    <message>
+        <source>电批</source>
+        <translation>Screwdriver</translation>
+    </message>
+    <message>
+        <source>焊接</source>
+        <translation>Welding</translation>
+    </message>
+    <message>
+        <source>视觉</source>
+        <translation>Vision</translation>
+    </message>
+</context>
+<context>
+    <name>PromptWidget</name>
+    <message>
+        <source>确定</source>
+        <translation>OK</translation>
+    </message>
+    <message>
+        <source>取消</source>
+        <translation>Cancel</translation>
+    </message>
+    <message>
+        <source>用户坐标标定</source>
+        <translation>User coordinates</translation>
+    </message>
+    <message>
+        <source>用户坐标标定成功：%1</source>
+        <translation>User coordinates calibrated: %1</translation>
+    </message>
+    <message>
+        <source>用户坐标标定成功。</source>
+        <translation>User coordinates calibrated.</translation>
+    </message>
+    <message>
+        <source>用户坐标标定失败，请重新标定：%1</source>
+        <translation>Calibration failed, please repeat it: %1</translation>
+    </message>
+    <message>
+        <source>用户坐标标定失败，请重新标定。</source>
+        <translation>Calibration failed, please repeat it.</translation>
+    </message>
+    <message>
+        <source>返回上一页</source>
+        <translation>Previous page</translation>
+    </message>
+    <message>
+        <source>返回上一页将清除已填写的数据（%1），确定返回吗？</source>
+        <translation>Going back clears what was entered (%1). Go back?</translation>
+    </message>
+    <message>
+        <source>返回上一页将清除已填写的数据，确定返回吗？</source>
+        <translation>Going back clears what was entered. Go back?</translation>
+    </message>
+    <message>
+        <source>退出创建程序</source>
+        <translation>Leave the wizard</translation>
+    </message>
+    <message>
+        <source>程序%1尚未生成，退出将清除已填写的数据，确定退出吗？</source>
+        <translation>Job %1 is not generated yet; leaving clears what was entered. Leave?</translation>
+    </message>
+    <message>
+        <source>程序尚未生成，退出将清除已填写的数据，确定退出吗？</source>
+        <translation>The job is not generated yet; leaving clears what was entered. Leave?</translation>
+    </message>
+    <message>
+        <source>复制码垛参数</source>
+        <translation>Copy palletising parameters</translation>
+    </message>
+    <message>
+        <source>将%1的码垛参数复制到：</source>
+        <translation>Copy the palletising parameters of %1 to:</translation>
+    </message>
+    <message>
+        <source>将当前工艺号的码垛参数复制到：</source>
+        <translation>Copy the parameters of this process number to:</translation>
+    </message>
+    <message>
+        <source>清空码垛参数</source>
+        <translation>Clear palletising parameters</translation>
+    </message>
+    <message>
+        <source>确定清空%1吗？</source>
+        <translation>Clear %1?</translation>
+    </message>
+    <message>
+        <source>确定清空当前工艺号的参数吗？</source>
+        <translation>Clear the parameters of this process number?</translation>
+    </message>
+    <message>
+        <source>复制图形</source>
+        <translation>Copy pattern</translation>
+    </message>
+    <message>
+        <source>将工艺号%1的当前图形复制到：</source>
+        <translation>Copy this pattern of process number %1 to:</translation>
+    </message>
+    <message>
+        <source>将当前图形复制到：</source>
+        <translation>Copy this pattern to:</translation>
+    </message>
+    <message>
+        <source>切换码垛模式</source>
+        <translation>Change palletising mode</translation>
+    </message>
+    <message>
+        <source>确定将%1切换为简易码垛模式吗？</source>
+        <translation>Change %1 to easy mode?</translation>
+    </message>
+    <message>
+        <source>确定切换为简易码垛模式吗？</source>
+        <translation>Change to easy mode?</translation>
+    </message>
+    <message>
+        <source>确定将%1切换为完整码垛模式吗？</source>
+        <translation>Change %1 to complete mode?</translation>
+    </message>
+    <message>
+        <source>确定切换为完整码垛模式吗？</source>
+        <translation>Change to complete mode?</translation>
+    </message>
+    <message>
+        <source>清空传送带参数</source>
+        <translation>Clear conveyor parameters</translation>
+    </message>
+    <message>
+        <source>确定清空当前传送带的参数吗？</source>
+        <translation>Clear the parameters of this conveyor?</translation>
+    </message>
+    <message>
+        <source>复制传送带参数</source>
+        <translation>Copy conveyor parameters</translation>
+    </message>
+    <message>
+        <source>将%1的传送带参数复制到：</source>
+        <translation>Copy the conveyor parameters of %1 to:</translation>
+    </message>
+    <message>
+        <source>将当前工艺号的传送带参数复制到：</source>
+        <translation>Copy the parameters of this process number to:</translation>
+    </message>
+    <message>
+        <source>删除程序</source>
+        <translation>Delete program</translation>
+    </message>
+    <message>
+        <source>确定删除程序%1吗？删除后不能恢复。</source>
+        <translation>Delete program %1? It cannot be restored.</translation>
+    </message>
+    <message>
+        <source>确定删除所选程序吗？删除后不能恢复。</source>
+        <translation>Delete the selected program? It cannot be restored.</translation>
+    </message>
+    <message>
+        <source>工艺号</source>
+        <translation>Process no.</translation>
+    </message>
+    <message>
+        <source>图形号</source>
+        <translation>Pattern no.</translation>
     </message>
 </context>
 <context>
     <name>Robot</name>
     <message>
         <source>控制器未连接，指令未发送</source>
-        <translation type="unfinished"></translation>
+        <translation>No controller connected: not sent</translation>
+    </message>
+</context>
+<context>
+    <name>SimulatedMark</name>
+    <message>
+        <source>模拟
+控制器</source>
+        <translation>Simulated
+controller</translation>
+    </message>
+</context>
+<context>
+    <name>SnackbarPanel</name>
+    <message>
+        <source>提示</source>
+        <translation>Notice</translation>
+    </message>
+    <message>
+        <source>警告</source>
+        <translation>Warning</translation>
+    </message>
+    <message>
+        <source>注意</source>
+        <translation>Attention</translation>
+    </message>
+    <message>
+        <source>消息</source>
+        <translation>Message</translation>
+    </message>
+</context>
+<context>
+    <name>StatusBar</name>
+    <message>
+        <source>用户：%1</source>
+        <translation>User: %1</translation>
+    </message>
+    <message>
+        <source>切换语言</source>
+        <translation>Change language</translation>
+    </message>
+    <message>
+        <source>语言文件无法读取</source>
+        <translation>The language file cannot be read</translation>
+    </message>
+</context>
+<context>
+    <name>SwitchButton</name>
+    <message>
+        <source>开</source>
+        <translation>On</translation>
+    </message>
+    <message>
+        <source>关</source>
+        <translation>Off</translation>
     </message>
 </context>
 <context>
     <name>TechnologyWidget</name>
     <message>
         <source>传送带参数</source>
-        <translation type="unfinished"></translation>
+        <translation>Conveyor parameters</translation>
     </message>
     <message>
         <source>返回</source>
-        <translation type="unfinished"></translation>
+        <translation>Return</translation>
     </message>
     <message>
         <source>全局参数</source>
-        <translation type="unfinished"></translation>
+        <translation>Global parameters</translation>
     </message>
     <message>
         <source>切割参数</source>
-        <translation type="unfinished"></translation>
+        <translation>Cutting parameters</translation>
     </message>
     <message>
         <source>模拟量匹配</source>
-        <translation type="unfinished"></translation>
+        <translation>Analog matching</translation>
     </message>
     <message>
         <source>IO设置</source>
-        <translation type="unfinished"></translation>
+        <translation>IO</translation>
     </message>
     <message>
         <source>手动操作</source>
-        <translation type="unfinished"></translation>
+        <translation>Manual operation</translation>
     </message>
     <message>
         <source>码垛参数</source>
-        <translation type="unfinished"></translation>
+        <translation>Palletising parameters</translation>
     </message>
     <message>
         <source>位置调试</source>
-        <translation type="unfinished"></translation>
+        <translation>Location</translation>
     </message>
     <message>
         <source>生成文件</source>
-        <translation type="unfinished"></translation>
+        <translation>Generate job</translation>
     </message>
     <message>
         <source>多重码垛</source>
-        <translation type="unfinished"></translation>
+        <translation>Multiple pallets</translation>
     </message>
     <message>
         <source>抓手1电磁阀</source>
-        <translation type="unfinished"></translation>
+        <translation>Gripper 1 valve</translation>
     </message>
     <message>
         <source>抓手2电磁阀</source>
-        <translation type="unfinished"></translation>
+        <translation>Gripper 2 valve</translation>
     </message>
     <message>
         <source>抓手3电磁阀</source>
-        <translation type="unfinished"></translation>
+        <translation>Gripper 3 valve</translation>
     </message>
     <message>
         <source>抓手4电磁阀</source>
-        <translation type="unfinished"></translation>
+        <translation>Gripper 4 valve</translation>
     </message>
     <message>
         <source>取料允许信号</source>
-        <translation type="unfinished"></translation>
+        <translation>Pick permission</translation>
     </message>
     <message>
         <source>抓手1取料成功判断</source>
-        <translation type="unfinished"></translation>
+        <translation>Gripper 1 picked</translation>
     </message>
     <message>
         <source>抓手2取料成功判断</source>
-        <translation type="unfinished"></translation>
+        <translation>Gripper 2 picked</translation>
     </message>
     <message>
         <source>抓手3取料成功判断</source>
-        <translation type="unfinished"></translation>
+        <translation>Gripper 3 picked</translation>
     </message>
     <message>
         <source>抓手4取料成功判断</source>
-        <translation type="unfinished"></translation>
+        <translation>Gripper 4 picked</translation>
     </message>
     <message>
         <source>打磨参数</source>
-        <translation type="unfinished"></translation>
+        <translation>Polishing parameters</translation>
     </message>
     <message>
         <source>打磨工艺参数</source>
-        <translation type="unfinished"></translation>
+        <translation>Polishing parameters</translation>
     </message>
     <message>
         <source>工艺号</source>
-        <translation type="unfinished"></translation>
+        <translation>Process no.</translation>
     </message>
     <message>
         <source>参数</source>
-        <translation type="unfinished"></translation>
+        <translation>Parameter</translation>
     </message>
     <message>
         <source>数值</source>
-        <translation type="unfinished"></translation>
+        <translation>Value</translation>
     </message>
     <message>
         <source>注释</source>
-        <translation type="unfinished"></translation>
+        <translation>Note</translation>
     </message>
     <message>
         <source>工具磨损补偿</source>
-        <translation type="unfinished"></translation>
+        <translation>Tool wear</translation>
     </message>
     <message>
         <source>工具磨损后的补偿量(mm)</source>
-        <translation type="unfinished"></translation>
+        <translation>Compensation for a worn tool (mm)</translation>
     </message>
     <message>
         <source>起点工具X方向偏移</source>
-        <translation type="unfinished"></translation>
+        <translation>Start offset X</translation>
     </message>
     <message>
         <source>在打磨起点工具坐标X方向的偏移(mm)</source>
-        <translation type="unfinished"></translation>
+        <translation>Tool X at the start of polishing (mm)</translation>
     </message>
     <message>
         <source>起点工具Y方向偏移</source>
-        <translation type="unfinished"></translation>
+        <translation>Start offset Y</translation>
     </message>
     <message>
         <source>在打磨起点工具坐标Y方向的偏移(mm)</source>
-        <translation type="unfinished"></translation>
+        <translation>Tool Y at the start of polishing (mm)</translation>
     </message>
     <message>
         <source>起点工具Z方向偏移</source>
-        <translation type="unfinished"></translation>
+        <translation>Start offset Z</translation>
     </message>
     <message>
         <source>在打磨起点工具坐标Z方向的偏移(mm)</source>
-        <translation type="unfinished"></translation>
+        <translation>Tool Z at the start of polishing (mm)</translation>
     </message>
     <message>
         <source>终点工具X方向偏移</source>
-        <translation type="unfinished"></translation>
+        <translation>End offset X</translation>
     </message>
     <message>
         <source>在打磨终点工具坐标X方向的偏移(mm)</source>
-        <translation type="unfinished"></translation>
+        <translation>Tool X at the end of polishing (mm)</translation>
     </message>
     <message>
         <source>终点工具Y方向偏移</source>
-        <translation type="unfinished"></translation>
+        <translation>End offset Y</translation>
     </message>
     <message>
         <source>在打磨终点工具坐标Y方向的偏移(mm)</source>
-        <translation type="unfinished"></translation>
+        <translation>Tool Y at the end of polishing (mm)</translation>
     </message>
     <message>
         <source>终点工具Z方向偏移</source>
-        <translation type="unfinished"></translation>
+        <translation>End offset Z</translation>
     </message>
     <message>
         <source>在打磨终点工具坐标Z方向的偏移(mm)</source>
-        <translation type="unfinished"></translation>
+        <translation>Tool Z at the end of polishing (mm)</translation>
     </message>
     <message>
         <source>自动补偿值</source>
-        <translation type="unfinished"></translation>
+        <translation>Auto compensation</translation>
     </message>
     <message>
         <source>以一定打磨次数为周期补偿(mm)</source>
-        <translation type="unfinished"></translation>
+        <translation>Added once per number of cycles (mm)</translation>
     </message>
     <message>
         <source>自动补偿周期</source>
-        <translation type="unfinished"></translation>
+        <translation>Auto comp. cycle</translation>
     </message>
     <message>
         <source>次</source>
-        <translation type="unfinished"></translation>
+        <translation>cycles</translation>
     </message>
     <message>
         <source>补偿周期(次数)</source>
-        <translation type="unfinished"></translation>
+        <translation>Cycles between two compensations</translation>
     </message>
     <message>
         <source>修改</source>
-        <translation type="unfinished"></translation>
+        <translation>Modify</translation>
     </message>
     <message>
         <source>打开</source>
-        <translation type="unfinished"></translation>
+        <translation>Open</translation>
     </message>
     <message>
         <source>码垛工艺</source>
-        <translation type="unfinished"></translation>
+        <translation>Palletising</translation>
     </message>
     <message>
         <source>焊接设置</source>
-        <translation type="unfinished"></translation>
+        <translation>Welding</translation>
     </message>
     <message>
         <source>视觉设置</source>
-        <translation type="unfinished"></translation>
+        <translation>Vision</translation>
     </message>
     <message>
         <source>激光切割工艺</source>
-        <translation type="unfinished"></translation>
+        <translation>Laser cutting</translation>
     </message>
     <message>
         <source>专用工艺</source>
-        <translation type="unfinished"></translation>
+        <translation>Special process</translation>
     </message>
     <message>
         <source>传送带跟踪工艺</source>
-        <translation type="unfinished"></translation>
+        <translation>Conveyor tracking</translation>
     </message>
     <message>
         <source>打磨工艺</source>
-        <translation type="unfinished"></translation>
+        <translation>Polishing</translation>
     </message>
     <message>
         <source>电批</source>
-        <translation type="unfinished"></translation>
+        <translation>Screwdriver</translation>
     </message>
     <message>
         <source>喷涂工艺</source>
-        <translation type="unfinished"></translation>
+        <translation>Spraying</translation>
     </message>
     <message>
         <source>用户</source>
-        <translation type="unfinished"></translation>
+        <translation>Users</translation>
     </message>
     <message>
         <source>模拟量设置</source>
-        <translation type="unfinished"></translation>
+        <translation>Analog</translation>
     </message>
     <message>
         <source>数字量设置</source>
-        <translation type="unfinished"></translation>
+        <translation>Digital</translation>
     </message>
     <message>
         <source>时序</source>
-        <translation type="unfinished"></translation>
+        <translation>Sequence</translation>
     </message>
     <message>
         <source>轨迹参数</source>
-        <translation type="unfinished"></translation>
+        <translation>Track</translation>
     </message>
     <message>
         <source>开枪时序</source>
-        <translation type="unfinished"></translation>
+        <translation>Gun sequence</translation>
     </message>
     <message>
         <source>换料时序</source>
-        <translation type="unfinished"></translation>
+        <translation>Material sequence</translation>
     </message>
     <message>
         <source>喷漆</source>
-        <translation type="unfinished"></translation>
+        <translation>Paint</translation>
     </message>
     <message>
         <source>除尘</source>
-        <translation type="unfinished"></translation>
+        <translation>Dust</translation>
     </message>
     <message>
         <source>油量测试</source>
-        <translation type="unfinished"></translation>
+        <translation>Oil test</translation>
     </message>
     <message>
         <source>pallet tool parameter error!</source>
-        <translation type="unfinished"></translation>
+        <translation>pallet tool parameter error!</translation>
     </message>
     <message>
         <source>pallet tray parameter error!</source>
-        <translation type="unfinished"></translation>
+        <translation>pallet tray parameter error!</translation>
     </message>
     <message>
         <source>pallet position parameter error！</source>
-        <translation type="unfinished"></translation>
+        <translation>pallet position parameter error！</translation>
     </message>
     <message>
         <source>palleteasy position parameter error！</source>
-        <translation type="unfinished"></translation>
+        <translation>palleteasy position parameter error！</translation>
     </message>
     <message>
         <source>pallet workpiece parameter error!</source>
-        <translation type="unfinished"></translation>
+        <translation>pallet workpiece parameter error!</translation>
     </message>
     <message>
         <source>pallet approach parameter error!</source>
-        <translation type="unfinished"></translation>
+        <translation>pallet approach parameter error!</translation>
     </message>
     <message>
         <source>pallet overlapping parameter error!</source>
-        <translation type="unfinished"></translation>
+        <translation>pallet overlapping parameter error!</translation>
     </message>
     <message>
         <source>pallet plane parameter error!</source>
-        <translation type="unfinished"></translation>
+        <translation>pallet plane parameter error!</translation>
     </message>
     <message>
         <source>无</source>
-        <translation type="unfinished"></translation>
+        <translation>None</translation>
     </message>
     <message>
         <source>激光切割设置</source>
-        <translation type="unfinished"></translation>
+        <translation>Laser cutting settings</translation>
     </message>
     <message>
         <source>电批工艺</source>
-        <translation type="unfinished"></translation>
+        <translation>Screwdriver process</translation>
     </message>
     <message>
         <source>删除程序</source>
-        <translation type="unfinished"></translation>
+        <translation>Delete program</translation>
     </message>
     <message>
         <source>修改程序</source>
-        <translation type="unfinished"></translation>
+        <translation>Edit program</translation>
     </message>
     <message>
         <source>xml文件导入</source>
-        <translation type="unfinished"></translation>
+        <translation>Import xml files</translation>
     </message>
     <message>
         <source>参数工具磨损补偿不合理，请重新设置</source>
-        <translation type="unfinished"></translation>
+        <translation>The tool wear is not a number; please set it again</translation>
     </message>
     <message>
         <source>参数起点工具X方向偏移不合理，请重新设置</source>
-        <translation type="unfinished"></translation>
+        <translation>The start offset X is not a number; please set it again</translation>
     </message>
     <message>
         <source>参数起点工具Y方向偏移不合理，请重新设置</source>
-        <translation type="unfinished"></translation>
+        <translation>The start offset Y is not a number; please set it again</translation>
     </message>
     <message>
         <source>参数起点工具Z方向偏移不合理，请重新设置</source>
-        <translation type="unfinished"></translation>
+        <translation>The start offset Z is not a number; please set it again</translation>
     </message>
     <message>
         <source>参数终点工具X方向偏移不合理，请重新设置</source>
-        <translation type="unfinished"></translation>
+        <translation>The end offset X is not a number; please set it again</translation>
     </message>
     <message>
         <source>参数终点工具Y方向偏移不合理，请重新设置</source>
-        <translation type="unfinished"></translation>
+        <translation>The end offset Y is not a number; please set it again</translation>
     </message>
     <message>
         <source>参数终点工具Z方向偏移不合理，请重新设置</source>
-        <translation type="unfinished"></translation>
+        <translation>The end offset Z is not a number; please set it again</translation>
     </message>
     <message>
         <source>参数自动补偿值不合理，请重新设置</source>
-        <translation type="unfinished"></translation>
+        <translation>The auto compensation is not a number; please set it again</translation>
     </message>
     <message>
         <source>参数自动补偿周期不合理，请重新设置</source>
-        <translation type="unfinished"></translation>
+        <translation>The compensation cycle is not a whole number; please set it again</translation>
     </message>
     <message>
         <source>自动补偿周期不能为负数</source>
-        <translation type="unfinished"></translation>
+        <translation>The compensation cycle must not be negative</translation>
     </message>
     <message>
         <source>保存</source>
-        <translation type="unfinished"></translation>
+        <translation>Save</translation>
+    </message>
+</context>
+<context>
+    <name>TitleBar</name>
+    <message>
+        <source>链路中断
+显示的是旧值</source>
+        <translation>Link lost:
+old values shown</translation>
+    </message>
+    <message>
+        <source>工艺</source>
+        <translation>Process</translation>
+    </message>
+    <message>
+        <source>事件</source>
+        <translation>Events</translation>
+    </message>
+    <message>
+        <source>用户</source>
+        <translation>Users</translation>
+    </message>
+    <message>
+        <source>锁定</source>
+        <translation>Lock</translation>
     </message>
 </context>
 <context>
     <name>UserAccounts</name>
     <message>
         <source>密码不能为空</source>
-        <translation type="unfinished"></translation>
+        <translation>The password must not be empty</translation>
     </message>
     <message>
         <source>密码至少需要 %1 个字符</source>
-        <translation type="unfinished"></translation>
+        <translation>The password needs at least %1 characters</translation>
     </message>
     <message>
         <source>密码最多 %1 个字符</source>
-        <translation type="unfinished"></translation>
+        <translation>The password has at most %1 characters</translation>
     </message>
     <message>
         <source>用户名不能为空</source>
-        <translation type="unfinished"></translation>
+        <translation>The user name must not be empty</translation>
     </message>
     <message>
         <source>用户名最多 %1 个字符</source>
-        <translation type="unfinished"></translation>
+        <translation>The user name has at most %1 characters</translation>
     </message>
     <message>
         <source>用户名含有不可显示的字符</source>
-        <translation type="unfinished"></translation>
+        <translation>The user name has characters that cannot be shown</translation>
     </message>
     <message>
         <source>用户 %1 已存在</source>
-        <translation type="unfinished"></translation>
+        <translation>User %1 exists already</translation>
     </message>
     <message>
         <source>请选择权限</source>
-        <translation type="unfinished"></translation>
+        <translation>Please choose a role</translation>
     </message>
     <message>
         <source>配置数据库无法写入</source>
-        <translation type="unfinished"></translation>
+        <translation>The configuration cannot be written</translation>
     </message>
     <message>
         <source>密码库无法初始化</source>
-        <translation type="unfinished"></translation>
+        <translation>The password library does not start</translation>
     </message>
     <message>
         <source>%1（未设密码）</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 (no password set)</translation>
     </message>
     <message>
         <source>%1（%2）</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 (%2)</translation>
     </message>
     <message>
         <source>管理员密码已设置</source>
-        <translation type="unfinished"></translation>
+        <translation>The administrator&apos;s password is set already</translation>
     </message>
     <message>
         <source>密码无法加密，内存不足</source>
-        <translation type="unfinished"></translation>
+        <translation>The password cannot be hashed: out of memory</translation>
     </message>
     <message>
         <source>已设置管理员密码</source>
-        <translation type="unfinished"></translation>
+        <translation>Administrator&apos;s password set</translation>
     </message>
     <message>
         <source>登录失败：没有用户 %1</source>
-        <translation type="unfinished"></translation>
+        <translation>Log-in failed: no user %1</translation>
     </message>
     <message>
         <source>用户 %1 登录失败，连续第 %2 次</source>
-        <translation type="unfinished"></translation>
+        <translation>User %1 failed to log in, %2 times in a row</translation>
     </message>
     <message>
         <source>用户 %1 登录</source>
-        <translation type="unfinished"></translation>
+        <translation>User %1 logged in</translation>
     </message>
     <message>
         <source>屏幕锁定，用户 %1</source>
-        <translation type="unfinished"></translation>
+        <translation>Screen locked, user %1</translation>
     </message>
     <message>
         <source>只有管理员可以管理用户</source>
-        <translation type="unfinished"></translation>
+        <translation>Only an administrator may manage users</translation>
     </message>
     <message>
         <source>第一个用户必须是管理员</source>
-        <translation type="unfinished"></translation>
+        <translation>The first user must be an administrator</translation>
     </message>
     <message>
         <source>添加用户 %1（%2）</source>
-        <translation type="unfinished"></translation>
+        <translation>User %1 added (%2)</translation>
     </message>
     <message>
         <source>没有用户 %1</source>
-        <translation type="unfinished"></translation>
+        <translation>There is no user %1</translation>
     </message>
     <message>
         <source>修改用户 %1 的密码</source>
-        <translation type="unfinished"></translation>
+        <translation>Password of user %1 changed</translation>
     </message>
     <message>
         <source>必须至少保留一个管理员</source>
-        <translation type="unfinished"></translation>
+        <translation>One administrator must remain</translation>
     </message>
     <message>
         <source>用户 %1 的权限改为%2</source>
-        <translation type="unfinished"></translation>
+        <translation>Role of user %1 changed to %2</translation>
     </message>
     <message>
         <source>不能删除当前用户</source>
-        <translation type="unfinished"></translation>
+        <translation>The current user cannot be deleted</translation>
     </message>
     <message>
         <source>删除用户 %1</source>
-        <translation type="unfinished"></translation>
+        <translation>User %1 deleted</translation>
+    </message>
+</context>
+<context>
+    <name>UserPage</name>
+    <message>
+        <source>两次输入的密码不一致</source>
+        <translation>The two passwords differ</translation>
+    </message>
+    <message>
+        <source>已添加用户 %1</source>
+        <translation>User %1 added</translation>
+    </message>
+    <message>
+        <source>已修改用户 %1 的密码</source>
+        <translation>Password of user %1 changed</translation>
+    </message>
+    <message>
+        <source>用户 %1 的权限已改为%2</source>
+        <translation>Role of user %1 is now %2</translation>
+    </message>
+    <message>
+        <source>已删除用户 %1</source>
+        <translation>User %1 deleted</translation>
+    </message>
+    <message>
+        <source>确认删除？</source>
+        <translation>Really?</translation>
+    </message>
+    <message>
+        <source>删除用户</source>
+        <translation>Delete user</translation>
+    </message>
+    <message>
+        <source>再按一次删除用户 %1</source>
+        <translation>Press again to delete user %1</translation>
+    </message>
+    <message>
+        <source>从不</source>
+        <translation>Never</translation>
+    </message>
+    <message>
+        <source>%1 分钟</source>
+        <translation>%1 min</translation>
+    </message>
+    <message>
+        <source>用户名</source>
+        <translation>User name</translation>
+    </message>
+    <message>
+        <source>权限</source>
+        <translation>Role</translation>
+    </message>
+    <message>
+        <source>新密码</source>
+        <translation>New password</translation>
+    </message>
+    <message>
+        <source>再次输入</source>
+        <translation>Again</translation>
+    </message>
+    <message>
+        <source>添加用户</source>
+        <translation>Add user</translation>
+    </message>
+    <message>
+        <source>修改密码</source>
+        <translation>Set password</translation>
+    </message>
+    <message>
+        <source>修改权限</source>
+        <translation>Change role</translation>
+    </message>
+    <message>
+        <source>无操作自动锁定</source>
+        <translation>Lock when idle</translation>
     </message>
 </context>
 <context>
     <name>VeltrixDatabase</name>
     <message>
         <source>配置数据库写入失败：%1</source>
-        <translation type="unfinished"></translation>
+        <translation>Writing the configuration failed: %1</translation>
     </message>
     <message>
         <source>无法创建目录 %1</source>
-        <translation type="unfinished"></translation>
+        <translation>Cannot make the directory %1</translation>
     </message>
     <message>
         <source>无法打开 %1：%2</source>
-        <translation type="unfinished"></translation>
+        <translation>Cannot open %1: %2</translation>
+    </message>
+</context>
+<context>
+    <name>VeltrixWidgetFoundation</name>
+    <message>
+        <source>工艺示教器</source>
+        <translation>Teach pendant</translation>
+    </message>
+    <message>
+        <source>事件记录</source>
+        <translation>Events</translation>
+    </message>
+    <message>
+        <source>用户与设置</source>
+        <translation>Users and settings</translation>
+    </message>
+    <message>
+        <source>还没有用户，无法锁定。请先在用户页添加管理员</source>
+        <translation>No user yet, so nothing can be locked. Add an administrator on the users page first</translation>
     </message>
 </context>
 </TS>
