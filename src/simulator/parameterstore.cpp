@@ -45,6 +45,14 @@ ParameterStore::~ParameterStore()
 
 bool ParameterStore::open(const QString &directory, QString *error)
 {
+    if (openDatabase(directory, error))
+        return true;
+    close();
+    return false;
+}
+
+bool ParameterStore::openDatabase(const QString &directory, QString *error)
+{
     if (!QDir().mkpath(directory)) {
         *error = QStringLiteral("The directory %1 cannot be made.").arg(directory);
         return false;

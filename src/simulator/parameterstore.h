@@ -34,6 +34,7 @@ public:
     bool store(const Key &key, const Json::Value &value);
 
 private:
+    bool openDatabase(const QString &directory, QString *error);
     QSqlDatabase database() const;
 
     QString m_connection; ///< name of the database connection, of this instance alone

@@ -1,0 +1,231 @@
+// The `controller` program: its options, its end, and a store that survives being killed.
+
+#include "link.h"
+#include "link/messages.h"
+
+#include <QCoreApplication>
+#include <QFileInfo>
+#include <QProcess>
+#include <QRegularExpression>
+
+namespace {
+
+QString program()
+{
+    return QString::fromLocal8Bit(CONTROLLER_PROGRAM);
+}
+
+struct Run {
+    explicit Run(const QStringList &arguments)
+    {
+        process.start(program(), arguments);
+        process.waitForFinished();
+        out = QString::fromUtf8(process.readAllStandardOutput());
+        error = QString::fromUtf8(process.readAllStandardError());
+    }
+    int code() const { return process.exitCode(); }
+
+    QProcess process;
+    QString out;
+    QString error;
+};
+
+/// A controller that runs until it is told to end.
+struct Server {
+    explicit Server(QStringList arguments)
+    {
+        process.start(program(), arguments << QStringLiteral("--port") << QStringLiteral("0"));
+        QByteArray line;
+        while (!line.contains('\n') && process.waitForReadyRead(20000))
+            line += process.readAllStandardOutput();
+        const QRegularExpressionMatch match =
+            QRegularExpression(QStringLiteral("^listening on 127\\.0\\.0\\.1:(\\d+)"))
+                .match(QString::fromUtf8(line));
+        port = match.captured(1).toUShort();
+    }
+    ~Server()
+    {
+        process.kill();
+        process.waitForFinished();
+    }
+
+    QProcess process;
+    quint16 port = 0;
+};
+
+} // namespace
+
+class TestProgram : public QObject {
+    Q_OBJECT
+
+    Robot *robot = Robot::getInstance();
+
+    bool connectTo(const Server &server)
+    {
+        robot->setLinkTimes(quickTimes());
+        robot->connectToController(QStringLiteral("127.0.0.1"), server.port);
+        return QTest::qWaitFor([this] { return robot->isConnected(); });
+    }
+    QByteArray get(int craft)
+    {
+        QSignalSpy reply(robot, &Robot::robot_Polish_Para);
+        robot->sendCommandData(message::GetPolish,
+                               "{\"craftID\":" + QByteArray::number(craft) + ",\"robot\":1}");
+        const bool came = QTest::qWaitFor([&] { return !reply.isEmpty(); });
+        return came ? reply.first().first().toByteArray() : QByteArray();
+    }
+    void set(int craft, int wear)
+    {
+        robot->sendCommandData(message::SetPolish,
+                               "{\"craftID\":" + QByteArray::number(craft)
+                                   + ",\"polish\":{\"toolWear\":" + QByteArray::number(wear)
+                                   + "},\"robot\":1}");
+    }
+
+private slots:
+    void initTestCase()
+    {
+        QVERIFY2(QFileInfo(program()).isExecutable(), "the controller has to be built first");
+    }
+    void cleanup() { robot->disconnectFromController(); }
+
+    void storeSurvivesKill()
+    {
+        const QTemporaryDir directory;
+        const QStringList arguments{QStringLiteral("--data"), directory.path()};
+        for (int round = 1; round <= 5; ++round) {
+            Server server(arguments);
+            QVERIFY(server.port != 0);
+            QVERIFY(connectTo(server));
+            // What the rounds before stored is there, each value as it was last acknowledged.
+            for (int craft = 1; craft < round; ++craft) {
+                QVERIFY(get(craft).contains("\"toolWear\":" + QByteArray::number(craft * 10 + 2)
+                                            + ".0"));
+            }
+            set(round, round * 10 + 1);
+            set(round, round * 10 + 2);
+            QVERIFY(!get(9).isEmpty()); // answered behind the sets
+            server.process.kill(); // SIGKILL
+            QVERIFY(server.process.waitForFinished());
+            QTRY_COMPARE(robot->link(), Robot::Link::Lost);
+            robot->disconnectFromController();
+        }
+    }
+
+    void storeSurvivesKillAmongSets()
+    {
+        // Killed somewhere in a burst of sets: what is read afterwards is one of the values sent,
+        // whole, and not older than the last one that was answered for.
+        const QTemporaryDir directory;
+        const QStringList arguments{QStringLiteral("--data"), directory.path()};
+        int floor = 0;
+        for (int round = 0; round < 5; ++round) {
+            Server server(arguments);
+            QVERIFY(server.port != 0);
+            QVERIFY(connectTo(server));
+            for (int i = 1; i <= 20; ++i)
+                set(1, floor + i);
+            QVERIFY(!get(2).isEmpty());
+            const int answered = floor + 20;
+            for (int i = 1; i <= 200; ++i)
+                set(1, answered + i);
+            QCoreApplication::processEvents();
+            server.process.kill();
+            QVERIFY(server.process.waitForFinished());
+            robot->disconnectFromController();
+
+            Server again(arguments);
+            QVERIFY(again.port != 0);
+            QVERIFY(connectTo(again));
+            const auto root = wire::parseObject(get(1));
+            QVERIFY(root);
+            const int wear = wire::integer(*root, "polish", "toolWear").value_or(-1);
+            QVERIFY2(wear >= answered && wear <= answered + 200, qPrintable(QString::number(wear)));
+            floor = wear;
+            robot->disconnectFromController();
+        }
+    }
+
+    void endsInOrderOnSigterm()
+    {
+        const QTemporaryDir directory;
+        Server server({QStringLiteral("--data"), directory.path()});
+        QVERIFY(server.port != 0);
+        QVERIFY(connectTo(server));
+        server.process.terminate();
+        QVERIFY(server.process.waitForFinished());
+        QCOMPARE(server.process.exitStatus(), QProcess::NormalExit);
+        QCOMPARE(server.process.exitCode(), 0);
+        QTRY_COMPARE(robot->link(), Robot::Link::Lost);
+    }
+
+    void faultsAndTypesFromTheCommandLine()
+    {
+        const QTemporaryDir directory;
+        Server server({QStringLiteral("--data"), directory.path(), QStringLiteral("--fault"),
+                       QStringLiteral("0x4602=otherrobot"), QStringLiteral("--fault"),
+                       QStringLiteral("0x4601=cut"), QStringLiteral("--kinematic"),
+                       QStringLiteral("1=7")});
+        QVERIFY(server.port != 0);
+        QVERIFY(connectTo(server));
+        QTRY_COMPARE(robot->kinematicType, 7);
+        QVERIFY(get(1).contains("\"robot\":2"));
+        QSignalSpy recorded(EventLog::getInstance(), &EventLog::recorded);
+        set(1, 5);
+        QTRY_COMPARE(linkEntries(recorded, "back"), 1);
+    }
+
+    void listAndHelp()
+    {
+        const Run list({QStringLiteral("--list-ids")});
+        QCOMPARE(list.code(), 0);
+        QCOMPARE(static_cast<int>(list.out.count(QLatin1Char('\n'))), message::kCount);
+        QVERIFY(list.out.contains(QLatin1String("0x4601  SetPolish")));
+        const Run help({QStringLiteral("--help")});
+        QCOMPARE(help.code(), 0);
+        QVERIFY(help.out.contains(QLatin1String("--kinematic")));
+    }
+
+    void badOptions_data()
+    {
+        QTest::addColumn<QStringList>("arguments");
+        const auto row = [](const char *name, const QStringList &arguments) {
+            QTest::newRow(name) << arguments;
+        };
+        row("unknown", {QStringLiteral("--nonsense")});
+        row("argument", {QStringLiteral("nonsense")});
+        row("port text", {QStringLiteral("--port"), QStringLiteral("x")});
+        row("port high", {QStringLiteral("--port"), QStringLiteral("65536")});
+        row("port missing", {QStringLiteral("--port")});
+        row("data empty", {QStringLiteral("--data"), QString()});
+        row("fault", {QStringLiteral("--fault"), QStringLiteral("0x4602=sometimes")});
+        row("fault id", {QStringLiteral("--fault"), QStringLiteral("0x9999=cut")});
+        row("robot 5", {QStringLiteral("--kinematic"), QStringLiteral("5=1")});
+        row("type 13", {QStringLiteral("--kinematic"), QStringLiteral("1=13")});
+        row("no type", {QStringLiteral("--kinematic"), QStringLiteral("1")});
+    }
+    void badOptions()
+    {
+        QFETCH(QStringList, arguments);
+        const Run run(arguments);
+        QCOMPARE(run.process.exitStatus(), QProcess::NormalExit);
+        QCOMPARE(run.code(), 2);
+        QCOMPARE(static_cast<int>(run.error.count(QLatin1Char('\n'))), 1); // one sentence
+        QVERIFY(run.error.trimmed().endsWith(QLatin1Char('.')));
+        QVERIFY(run.out.isEmpty());
+    }
+
+    void portThatIsTaken()
+    {
+        const QTemporaryDir directory;
+        QTcpServer taken;
+        QVERIFY(taken.listen(QHostAddress::LocalHost));
+        const Run run({QStringLiteral("--data"), directory.path(), QStringLiteral("--port"),
+                       QString::number(taken.serverPort())});
+        QCOMPARE(run.code(), 1);
+        QVERIFY(run.error.contains(QString::number(taken.serverPort())));
+    }
+};
+
+QTEST_MAIN(TestProgram)
+#include "test_program.moc"
