@@ -191,7 +191,11 @@ QString EventModel::fullText(int row) const
     if (row < 0 || row >= rowCount())
         return {};
     const std::size_t position = positionOf(m_rows[static_cast<std::size_t>(row)]);
-    return position < journal().size() ? content(position) : QString();
+    if (position >= journal().size())
+        return {};
+    const QString time =
+        journal()[position].time.toLocalTime().toString(QStringLiteral("yyyy-MM-dd HH:mm:ss.zzz"));
+    return time + QLatin1Char('\n') + content(position);
 }
 
 void EventModel::retranslate()

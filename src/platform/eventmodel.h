@@ -33,7 +33,7 @@ public:
     void refresh();
     /// How often rows were taken over or removed.
     int refreshCount() const { return m_refreshes; }
-    /// The whole entry of a row as text, its body uncut by the column's width.
+    /// The whole entry of a row as text: date and time, then what the content column shows.
     QString fullText(int row) const;
     void retranslate();
 

@@ -24,7 +24,7 @@
 
 namespace {
 
-constexpr int kRowHeight = 30;
+constexpr int kRowHeight = 40;
 constexpr int kTouchHeight = 42;
 
 void setUpTable(QTableView *table, EventModel *model)

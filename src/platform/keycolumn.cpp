@@ -31,6 +31,16 @@ QPushButton *makeKey(const QString &name, int height, QWidget *parent)
     return key;
 }
 
+QLabel *makeCaption(QWidget *parent)
+{
+    auto *caption = new QLabel(parent);
+    caption->setAlignment(Qt::AlignCenter);
+    QFont small = caption->font();
+    small.setPointSize(10);
+    caption->setFont(small);
+    return caption;
+}
+
 QString modeName(int mode)
 {
     switch (mode) {
@@ -53,6 +63,8 @@ DeadmanKey::DeadmanKey(QWidget *parent) : QPushButton(parent)
         if (!InputGate::getInstance()->allows(this))
             setHeld(false);
     });
+    // After an outage the operator has to press anew.
+    connect(Robot::getInstance(), &Robot::linkChanged, this, [this] { setHeld(false); });
 }
 
 void DeadmanKey::setHeld(bool held)
@@ -127,7 +139,8 @@ void DeadmanKey::keyReleaseEvent(QKeyEvent *event)
 
 KeyColumn::KeyColumn(QWidget *parent)
     : QWidget(parent), m_lamp(new LinkLamp(this)), m_simulated(new SimulatedMark(this)),
-      m_servo(makeKey(QStringLiteral("servoKey"), 52, this)), m_deadman(new DeadmanKey(this))
+      m_servo(makeKey(QStringLiteral("servoKey"), 52, this)), m_deadman(new DeadmanKey(this)),
+      m_modeCaption(makeCaption(this)), m_robotCaption(makeCaption(this))
 {
     setObjectName(QStringLiteral("keyColumn"));
     setFixedWidth(kWidth);
@@ -160,6 +173,7 @@ KeyColumn::KeyColumn(QWidget *parent)
             refresh();
         });
     }
+    column->addWidget(m_modeCaption);
     column->addLayout(modes);
     column->addStretch(1);
     auto *robots = new QGridLayout;
@@ -171,6 +185,7 @@ KeyColumn::KeyColumn(QWidget *parent)
         robots->addWidget(m_robots[i], i / 2, i % 2);
         connect(m_robots[i], &QPushButton::clicked, this, [this, i] { selectRobot(i + 1); });
     }
+    column->addWidget(m_robotCaption);
     column->addLayout(robots);
 
     connect(m_servo, &QPushButton::clicked, this, [this] {
@@ -217,6 +232,8 @@ void KeyColumn::refresh()
                            .arg(!known        ? tr("未知")
                                     : enabled ? tr("有效")
                                               : tr("无效")));
+    m_modeCaption->setText(tr("模式"));
+    m_robotCaption->setText(tr("机器人"));
     for (int mode = 0; mode < 3; ++mode) {
         m_modes[mode]->setText(modeName(mode));
         m_modes[mode]->setChecked(known && robot->get_teach_mode() == mode);

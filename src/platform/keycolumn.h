@@ -4,6 +4,7 @@
 #include <QWidget>
 
 class LinkLamp;
+class QLabel;
 class SimulatedMark;
 
 /// The enabling key: the robot may move by hand only while it is held. It lets go on anything that
@@ -61,6 +62,8 @@ private:
     SimulatedMark *m_simulated;
     QPushButton *m_servo;
     DeadmanKey *m_deadman;
+    QLabel *m_modeCaption;
+    QLabel *m_robotCaption;
     QPushButton *m_modes[3];
     QPushButton *m_robots[4];
 };

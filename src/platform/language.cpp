@@ -44,13 +44,19 @@ void Language::loadStored()
     apply(VeltrixDatabase::getInstance()->value(kKey, kChinese).toString());
 }
 
+void Language::setEnglish(QTranslator *translator)
+{
+    m_english = translator ? translator : m_shipped;
+}
+
 bool Language::apply(const QString &language)
 {
     if (language == m_current)
         return true;
     if (language != kChinese && language != kEnglish)
         return false;
-    if (language == kEnglish && !m_english->load(QStringLiteral(":/i18n/pendant_en.qm")))
+    if (language == kEnglish && m_english == m_shipped
+        && !m_shipped->load(QStringLiteral(":/i18n/pendant_en.qm")))
         return false;
 
     emit aboutToChange();

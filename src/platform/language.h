@@ -22,6 +22,10 @@ public:
     /// Takes up the language of the last run.
     void loadStored();
 
+    /// Takes the English texts from `translator` instead of the file that ships; null goes back to
+    /// the file. Not owned. To be called while Chinese is shown.
+    void setEnglish(QTranslator *translator);
+
 signals:
     /// The switch is certain and about to happen; every text is still in the old language.
     void aboutToChange();
@@ -33,5 +37,6 @@ private:
     bool apply(const QString &language);
 
     QString m_current = QStringLiteral("zh");
+    QTranslator *m_shipped;
     QTranslator *m_english;
 };

@@ -19,6 +19,7 @@ namespace {
 
 constexpr int kTouchHeight = 46;
 constexpr int kFieldWidth = 300;
+constexpr int kLabelWidth = 130;
 
 LineEditWidget *passwordField(const QString &name, QWidget *parent)
 {
@@ -69,6 +70,9 @@ LoginPage::LoginPage(QWidget *window)
     fields->addWidget(m_repeat, 2, 1);
     fields->addWidget(m_message, 3, 1);
     fields->addWidget(m_enter, 4, 1);
+    // As wide as the labels, so that the fields stand in the middle.
+    fields->setColumnMinimumWidth(0, kLabelWidth);
+    fields->setColumnMinimumWidth(2, kLabelWidth);
     auto *marks = new QVBoxLayout;
     marks->addWidget(m_lamp);
     marks->addWidget(m_simulated);

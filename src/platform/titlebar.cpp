@@ -9,6 +9,8 @@
 
 namespace {
 
+constexpr int kLargestTitle = 16; // points
+constexpr int kSmallestTitle = 10;
 const char *const kAreaNames[] = {"areaProcess", "areaEvents", "areaUsers"};
 
 } // namespace
@@ -20,10 +22,9 @@ TitleBar::TitleBar(QWidget *parent)
     setObjectName(QStringLiteral("titleBar"));
     setFixedHeight(kHeight);
     m_title->setObjectName(QStringLiteral("pageTitle"));
-    QFont large = m_title->font();
-    large.setPointSize(16);
-    m_title->setFont(large);
     m_title->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
+    m_title->setWordWrap(true);
+    m_title->installEventFilter(this);
     m_stale->setObjectName(QStringLiteral("staleMark"));
     QPalette warning = m_stale->palette();
     warning.setColor(QPalette::Window, QColor(0xc6, 0x28, 0x28));
@@ -31,7 +32,10 @@ TitleBar::TitleBar(QWidget *parent)
     m_stale->setPalette(warning);
     m_stale->setAutoFillBackground(true);
     m_stale->setAlignment(Qt::AlignCenter);
-    m_stale->setMargin(4);
+    m_stale->setMargin(3);
+    QFont small = m_stale->font();
+    small.setPointSize(10);
+    m_stale->setFont(small);
     m_lock->setObjectName(QStringLiteral("lockButton"));
 
     auto *row = new QHBoxLayout(this);
@@ -63,6 +67,7 @@ TitleBar::TitleBar(QWidget *parent)
 void TitleBar::setTitle(const QString &title)
 {
     m_title->setText(title);
+    fitTitle();
 }
 
 QString TitleBar::title() const
@@ -76,6 +81,27 @@ void TitleBar::setArea(Area area)
         m_areas[each]->setChecked(each == area);
 }
 
+void TitleBar::fitTitle()
+{
+    QFont font = m_title->font();
+    int points = kLargestTitle;
+    for (; points > kSmallestTitle; --points) {
+        font.setPointSize(points);
+        if (QFontMetrics(font).horizontalAdvance(m_title->text()) <= m_title->width())
+            break;
+    }
+    font.setPointSize(points);
+    if (font != m_title->font())
+        m_title->setFont(font);
+}
+
+bool TitleBar::eventFilter(QObject *watched, QEvent *event)
+{
+    if (watched == m_title && event->type() == QEvent::Resize)
+        fitTitle();
+    return QWidget::eventFilter(watched, event);
+}
+
 void TitleBar::refreshStale()
 {
     m_stale->setVisible(Robot::getInstance()->link() == Robot::Link::Lost);
@@ -83,7 +109,7 @@ void TitleBar::refreshStale()
 
 void TitleBar::retranslate()
 {
-    m_stale->setText(tr("链路中断，显示的是旧值"));
+    m_stale->setText(tr("链路中断\n显示的是旧值"));
     m_areas[Process]->setText(tr("工艺"));
     m_areas[Events]->setText(tr("事件"));
     m_areas[Users]->setText(tr("用户"));

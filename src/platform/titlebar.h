@@ -24,9 +24,12 @@ signals:
 
 protected:
     void changeEvent(QEvent *event) override;
+    bool eventFilter(QObject *watched, QEvent *event) override;
 
 private:
     void retranslate();
+    /// Long titles get a smaller font rather than being cut off.
+    void fitTitle();
     void refreshStale();
 
     QLabel *m_title;

@@ -143,6 +143,8 @@ void UserPage::refresh()
                 m_users->selectRow(row);
         }
     }
+    if (names.isEmpty())
+        m_role->setCurrentIndex(m_role->findData(int(AUTHORITY_ADMINISTRATOR)));
     askAgain(false);
     refreshRights();
 }
