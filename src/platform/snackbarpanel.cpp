@@ -1,6 +1,8 @@
 #include "snackbarpanel.h"
 
+#include "entrypanel.h"
 #include "inputgate.h"
+#include "promptwidget.h"
 #include "setfontsize.h"
 #include "snackbarmessage.h"
 
@@ -280,6 +282,13 @@ void SnackbarStack::place()
         panel->raise();
         bottom -= height + 4;
     }
+    // A question and an open keypad stay above the messages: their buttons must be in reach.
+    const auto raiseChild = [](QWidget *child) {
+        if (child)
+            child->raise();
+    };
+    raiseChild(m_host->findChild<PromptWidget *>(QString(), Qt::FindDirectChildrenOnly));
+    raiseChild(m_host->findChild<EntryPanel *>(QString(), Qt::FindDirectChildrenOnly));
 }
 
 QStringList SnackbarStack::shownTexts() const
