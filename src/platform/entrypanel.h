@@ -1,12 +1,12 @@
 #pragma once
 
+#include <QLineEdit>
 #include <QPointer>
 #include <QWidget>
 
 class QAbstractButton;
 class QGridLayout;
 class QLabel;
-class QLineEdit;
 
 /// What keypad and letter keyboard have in common: a panel laid over the field's window (a window
 /// of its own where that one is too small for it), with the field's name, its old value, a preview
