@@ -44,9 +44,9 @@ void setUpTable(QTableView *table, EventModel *model)
     table->verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
     table->horizontalHeader()->setStretchLastSection(true);
     table->horizontalHeader()->setDefaultAlignment(Qt::AlignLeft | Qt::AlignVCenter);
-    table->setColumnWidth(EventModel::Number, 64);
+    table->setColumnWidth(EventModel::Number, 60);
     table->setColumnWidth(EventModel::Time, 112);
-    table->setColumnWidth(EventModel::Kind, 104);
+    table->setColumnWidth(EventModel::Kind, 128);
     QScroller::grabGesture(table->viewport(), QScroller::TouchGesture);
 }
 

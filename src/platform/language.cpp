@@ -20,7 +20,8 @@ static void loadTranslations()
     Q_INIT_RESOURCE(translations);
 }
 
-Language::Language(QObject *parent) : QObject(parent), m_english(new QTranslator(this))
+Language::Language(QObject *parent)
+    : QObject(parent), m_shipped(new QTranslator(this)), m_english(m_shipped)
 {
     loadTranslations();
 }

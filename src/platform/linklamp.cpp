@@ -100,6 +100,9 @@ SimulatedMark::SimulatedMark(QWidget *parent) : QLabel(parent)
 {
     setObjectName(QStringLiteral("simulatedMark"));
     setAlignment(Qt::AlignCenter);
+    QFont small = font();
+    small.setPointSize(10);
+    setFont(small);
     connect(Robot::getInstance(), &Robot::linkChanged, this, &SimulatedMark::refresh);
     connect(Robot::getInstance(), &Robot::statusChanged, this, &SimulatedMark::refresh);
     refresh();

@@ -11,6 +11,7 @@ namespace {
 
 constexpr int kLargestTitle = 16; // points
 constexpr int kSmallestTitle = 10;
+constexpr int kTitleSlack = 4; // pixels; a line as wide as its label wraps already
 const char *const kAreaNames[] = {"areaProcess", "areaEvents", "areaUsers"};
 
 } // namespace
@@ -87,7 +88,7 @@ void TitleBar::fitTitle()
     int points = kLargestTitle;
     for (; points > kSmallestTitle; --points) {
         font.setPointSize(points);
-        if (QFontMetrics(font).horizontalAdvance(m_title->text()) <= m_title->width())
+        if (QFontMetrics(font).horizontalAdvance(m_title->text()) + kTitleSlack <= m_title->width())
             break;
     }
     font.setPointSize(points);

@@ -174,14 +174,16 @@ private slots:
     void longTitlesFit()
     {
         auto *label = find<QLabel>("pageTitle");
-        find<QLabel>("staleMark")->show();
-        for (int id = 0; id <= 62; ++id) {
-            if (!hasPageTitle(8, id))
-                continue;
-            window->showWidgetTitle(8, id, 0);
-            QCoreApplication::processEvents();
-            QVERIFY2(QFontMetrics(label->font()).horizontalAdvance(label->text()) <= label->width(),
-                     qPrintable(label->text()));
+        for (const char *language : {"zh", "en"}) {
+            QVERIFY(Language::getInstance()->setCurrent(QString::fromLatin1(language)));
+            find<QLabel>("staleMark")->show();
+            for (int id = 0; id <= 62; ++id) {
+                window->showWidgetTitle(8, id, 0);
+                QCoreApplication::processEvents();
+                QVERIFY2(QFontMetrics(label->font()).horizontalAdvance(label->text())
+                             < label->width(),
+                         qPrintable(label->text()));
+            }
         }
     }
 
@@ -200,7 +202,12 @@ private slots:
 
         // Whatever could hide the release lets go.
         const QVector<std::function<void()>> ends = {
-            [&] { QTest::mouseMove(key, QPoint(key->width() + 20, 5)); },
+            [&] {
+                const QPointF outside(key->width() + 20, 5);
+                QMouseEvent move(QEvent::MouseMove, outside, key->mapToGlobal(outside.toPoint()),
+                                 Qt::NoButton, Qt::LeftButton, Qt::NoModifier);
+                QCoreApplication::sendEvent(key, &move);
+            },
             [&] {
                 QEvent leave(QEvent::Leave);
                 QCoreApplication::sendEvent(key, &leave);
@@ -351,6 +358,14 @@ private slots:
 
         support::click(window.get(), "languageButton");
         QCOMPARE(language->current(), QStringLiteral("zh"));
+        QCOMPARE(find<QPushButton>("areaEvents")->text(), QStringLiteral("事件"));
+    }
+
+    void englishShips()
+    {
+        QVERIFY(Language::getInstance()->setCurrent(QStringLiteral("en")));
+        QCOMPARE(find<QPushButton>("areaEvents")->text(), QStringLiteral("Events"));
+        QVERIFY(Language::getInstance()->setCurrent(QStringLiteral("zh")));
         QCOMPARE(find<QPushButton>("areaEvents")->text(), QStringLiteral("事件"));
     }
 
