@@ -38,10 +38,22 @@ public:
     {
         return read(wire::asArray, {keys...});
     }
-    /// The same for a path that a table holds.
+    template <typename... Keys> std::optional<bool> truth(Keys... keys) const
+    {
+        return read(wire::asTruth, {keys...});
+    }
+    // The same for a path that a table holds.
     std::optional<double> numberAt(const char *const *path, std::size_t keys) const
     {
         return read(wire::asNumber, path, keys);
+    }
+    std::optional<int> integerAt(const char *const *path, std::size_t keys) const
+    {
+        return read(wire::asInteger, path, keys);
+    }
+    std::optional<bool> truthAt(const char *const *path, std::size_t keys) const
+    {
+        return read(wire::asTruth, path, keys);
     }
 
 private:

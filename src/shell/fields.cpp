@@ -3,7 +3,9 @@
 #include "link/reply.h"
 #include "shell/technologywidget.h"
 #include "snackbarmessage.h"
+#include "switchbutton.h"
 
+#include <algorithm>
 #include <cmath>
 
 namespace fields {
@@ -16,6 +18,29 @@ std::size_t length(const Field &field)
     while (keys < field.path.size() && field.path[keys])
         ++keys;
     return keys;
+}
+
+DigitalLineEdit *edit(const Field &field, const Ui_TechnologyWidget *ui)
+{
+    return ui->*std::get<DigitalLineEdit * Ui_TechnologyWidget::*>(field.widget);
+}
+
+QComboBox *comboBox(const Field &field, const Ui_TechnologyWidget *ui)
+{
+    return ui->*std::get<QComboBox * Ui_TechnologyWidget::*>(field.widget);
+}
+
+SwitchButton *switchButton(const Field &field, const Ui_TechnologyWidget *ui)
+{
+    return ui->*std::get<SwitchButton * Ui_TechnologyWidget::*>(field.widget);
+}
+
+/// A combo box that is sent as a real goes by its text.
+QString textOf(const Field &field, const Ui_TechnologyWidget *ui)
+{
+    if (std::holds_alternative<QComboBox * Ui_TechnologyWidget::*>(field.widget))
+        return comboBox(field, ui)->currentText();
+    return edit(field, ui)->text();
 }
 
 } // namespace
@@ -33,13 +58,32 @@ void setText(QLineEdit *edit, const QString &text)
 
 void fill(const Field &field, const Ui_TechnologyWidget *ui, const Reply &reply)
 {
-    if (const std::optional<double> value = reply.numberAt(field.path.data(), length(field)))
-        setText(ui->*field.edit, shown(*value));
+    const std::size_t keys = length(field);
+    switch (field.sent) {
+    case Field::Sent::Real:
+    case Field::Sent::Integer:
+        if (const auto value = reply.numberAt(field.path.data(), keys))
+            setText(edit(field, ui), shown(*value));
+        break;
+    case Field::Sent::Row:
+    case Field::Sent::Number: {
+        QComboBox *box = comboBox(field, ui);
+        const int shift = field.sent == Field::Sent::Number ? 1 : 0;
+        const auto value = reply.integerAt(field.path.data(), keys);
+        if (value && *value < box->count() + shift)
+            box->setCurrentIndex(std::max(*value, shift - 1) - shift);
+        break;
+    }
+    case Field::Sent::Switch:
+        if (const auto on = reply.truthAt(field.path.data(), keys))
+            switchButton(field, ui)->setCheck(*on);
+        break;
+    }
 }
 
 bool isAccepted(const Field &field, const Ui_TechnologyWidget *ui)
 {
-    const QString text = (ui->*field.edit)->text();
+    const QString text = edit(field, ui)->text();
     bool ok = false;
     if (field.sent == Field::Sent::Integer) {
         text.toInt(&ok);
@@ -54,11 +98,43 @@ void collect(const Field &field, const Ui_TechnologyWidget *ui, Json::Value &bod
     Json::Value *value = &body;
     for (std::size_t i = 0; i < length(field); ++i)
         value = &(*value)[field.path[i]];
-    const QString text = (ui->*field.edit)->text();
-    if (field.sent == Field::Sent::Integer)
-        *value = text.toInt();
-    else
-        *value = text.toDouble();
+    switch (field.sent) {
+    case Field::Sent::Real:
+        *value = textOf(field, ui).toDouble();
+        break;
+    case Field::Sent::Integer:
+        *value = textOf(field, ui).toInt();
+        break;
+    case Field::Sent::Row:
+        *value = comboBox(field, ui)->currentIndex();
+        break;
+    case Field::Sent::Number:
+        *value = comboBox(field, ui)->currentIndex() + 1;
+        break;
+    case Field::Sent::Switch:
+        *value = switchButton(field, ui)->isCheck();
+        break;
+    }
+}
+
+QWidget *widget(const Field &field, const Ui_TechnologyWidget *ui)
+{
+    return std::visit([ui](auto member) -> QWidget * { return ui->*member; }, field.widget);
+}
+
+bool passes(const Check &check, TechnologyWidget *page, const Ui_TechnologyWidget *ui)
+{
+    const QString text = (ui->*check.edit)->text();
+    if (check.pattern)
+        return (page->*check.pattern)(text);
+    const double value = text.toDouble();
+    return value >= check.low && value <= check.high;
+}
+
+void showRefusal(const Check &check)
+{
+    SnackbarMessage::showMessage(TechnologyWidget::tr(check.message), check.duration, check.kind,
+                                 true);
 }
 
 void refuse(const QString &message)

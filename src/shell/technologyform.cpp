@@ -23,6 +23,9 @@ void Ui_TechnologyWidget::setupUi(QStackedWidget *stack)
 {
     Ui_TechnologyWidgetMenu::setupUi(stack);
     Ui_TechnologyWidgetPallet::setupUi(stack);
+    Ui_TechnologyWidgetPosition::setupUi(stack);
+    Ui_TechnologyWidgetLayers::setupUi(stack);
+    Ui_TechnologyWidgetPlane::setupUi(stack);
     Ui_TechnologyWidgetWizard::setupUi(stack);
     Ui_TechnologyWidgetConveyor::setupUi(stack);
     Ui_TechnologyWidgetLaser::setupUi(stack);
@@ -39,6 +42,9 @@ void Ui_TechnologyWidget::retranslateUi(QStackedWidget *stack)
 {
     Ui_TechnologyWidgetMenu::retranslateUi(stack);
     Ui_TechnologyWidgetPallet::retranslateUi(stack);
+    Ui_TechnologyWidgetPosition::retranslateUi(stack);
+    Ui_TechnologyWidgetLayers::retranslateUi(stack);
+    Ui_TechnologyWidgetPlane::retranslateUi(stack);
     Ui_TechnologyWidgetWizard::retranslateUi(stack);
     Ui_TechnologyWidgetConveyor::retranslateUi(stack);
     Ui_TechnologyWidgetLaser::retranslateUi(stack);

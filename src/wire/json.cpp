@@ -79,6 +79,14 @@ std::optional<int> asInteger(const Json::Value *value)
     return static_cast<int>(whole);
 }
 
+std::optional<bool> asTruth(const Json::Value *value)
+{
+    if (value && value->isBool())
+        return value->asBool();
+    const std::optional<double> number = asNumber(value);
+    return number ? std::optional<bool>(*number != 0.0) : std::nullopt;
+}
+
 std::optional<QString> asText(const Json::Value *value)
 {
     if (!value || !value->isString())

@@ -34,6 +34,8 @@ inline const Json::Value *find(const Json::Value &root, std::initializer_list<co
 // booleans, null, arrays, objects, numbers out of range.
 std::optional<double> asNumber(const Json::Value *value);
 std::optional<int> asInteger(const Json::Value *value);
+/// true and false, and numbers: 0 is false.
+std::optional<bool> asTruth(const Json::Value *value);
 std::optional<QString> asText(const Json::Value *value);
 const Json::Value *asArray(const Json::Value *value);
 
