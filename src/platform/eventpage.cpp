@@ -99,6 +99,7 @@ EventPage::EventPage(QWidget *parent)
     connect(m_table->selectionModel(), &QItemSelectionModel::currentRowChanged, this,
             &EventPage::showDetail);
     connect(m_model, &QAbstractItemModel::modelReset, this, &EventPage::refreshCount);
+    connect(m_model, &QAbstractItemModel::modelReset, this, &EventPage::showDetail);
     connect(m_model, &QAbstractItemModel::rowsInserted, this, &EventPage::refreshCount);
     connect(m_model, &QAbstractItemModel::rowsRemoved, this, &EventPage::refreshCount);
     m_model->setPaused(true);
