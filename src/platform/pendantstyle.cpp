@@ -3,11 +3,13 @@
 #include "setfontsize.h"
 
 #include <QApplication>
+#include <QComboBox>
 #include <QListView>
 #include <QPainter>
 #include <QPainterPath>
 #include <QStyleFactory>
 #include <QStyleOption>
+#include <QStyledItemDelegate>
 
 namespace {
 
@@ -150,6 +152,30 @@ void PendantStyle::apply(QApplication &application)
     application.setStyle(new PendantStyle);
     application.setPalette(palette());
     application.setFont(SetFontSize::setSize(13));
+}
+
+void PendantStyle::polish(QWidget *widget)
+{
+    QProxyStyle::polish(widget);
+#if QT_VERSION < QT_VERSION_CHECK(6, 0, 0)
+    if (qobject_cast<QComboBox *>(widget))
+        widget->installEventFilter(this);
+#endif
+}
+
+bool PendantStyle::eventFilter(QObject *watched, QEvent *event)
+{
+#if QT_VERSION < QT_VERSION_CHECK(6, 0, 0)
+    // The list of a combo box asks the style for the height of its rows only through a styled
+    // delegate. It is made just before the list opens: made at once it would cost more than the
+    // combo box itself.
+    if (event->type() == QEvent::MouseButtonPress || event->type() == QEvent::KeyPress) {
+        auto *combo = qobject_cast<QComboBox *>(watched);
+        if (combo && combo->itemDelegate()->inherits("QComboBoxDelegate"))
+            combo->setItemDelegate(new QStyledItemDelegate(combo));
+    }
+#endif
+    return QProxyStyle::eventFilter(watched, event);
 }
 
 int PendantStyle::pixelMetric(PixelMetric metric, const QStyleOption *option,

@@ -15,6 +15,9 @@ public:
     /// Gives the application this style with its palette and font.
     static void apply(QApplication &application);
 
+    using QProxyStyle::polish;
+    void polish(QWidget *widget) override;
+    bool eventFilter(QObject *watched, QEvent *event) override;
     QPalette standardPalette() const override { return palette(); }
     int pixelMetric(PixelMetric metric, const QStyleOption *option = nullptr,
                     const QWidget *widget = nullptr) const override;

@@ -116,8 +116,14 @@ void TestLook::rowsOfListsAreHighEnough()
     list.addItem(QStringLiteral("1"));
     QVERIFY(list.sizeHintForRow(0) >= 40);
     QComboBox combo;
-    combo.addItem(QStringLiteral("1"));
-    QVERIFY(combo.view()->sizeHintForRow(0) >= 40);
+    combo.addItems({QStringLiteral("1"), QStringLiteral("2")});
+    combo.show();
+    QTest::mousePress(&combo, Qt::LeftButton);
+    QTRY_VERIFY(combo.view()->isVisible());
+    const QRect row = combo.view()->visualRect(combo.model()->index(1, 0));
+    QVERIFY(row.height() >= 40);
+    QVERIFY(combo.view()->viewport()->rect().contains(row));
+    combo.hidePopup();
 }
 
 void TestLook::textsStandOutFromTheirGround_data()
