@@ -21,4 +21,7 @@ done
 for file in buttons/*.svg; do
     render "$file" 220 88 # stretched over about 110 x 44 px
 done
+for file in pictures/*.svg; do # shown as large as they are drawn
+    rsvg-convert --output "${file%.svg}.png" "$file"
+done
 render pendant.svg 128 128
