@@ -1,6 +1,7 @@
 #include "helpers.h"
 
 #include "eventlog.h"
+#include "inputgate.h"
 
 #include <QCoreApplication>
 #include <QEventLoop>
@@ -12,8 +13,16 @@ namespace {
 int waits = 0;
 
 struct WaitMark {
-    WaitMark() { ++waits; }
-    ~WaitMark() { --waits; }
+    WaitMark()
+    {
+        ++waits;
+        InputGate::getInstance()->hold();
+    }
+    ~WaitMark()
+    {
+        --waits;
+        InputGate::getInstance()->unhold();
+    }
     WaitMark(const WaitMark &) = delete;
     WaitMark &operator=(const WaitMark &) = delete;
 };

@@ -119,6 +119,8 @@ bool InputGate::isRestricted() const
 
 bool InputGate::allows(const QWidget *widget) const
 {
+    if (m_holds > 0)
+        return false;
     const QWidget *root = topRoot();
     if (!root || isBelow(widget, root))
         return true;
@@ -164,7 +166,8 @@ bool InputGate::eventFilter(QObject *watched, QEvent *event)
     // Windows pass the events on to their widgets, which are looked at here again.
     if (!watched->isWidgetType() && type != QEvent::Shortcut)
         return false;
-    if (isRelease(watched, event) || !isRestricted() || allowsObject(watched)) {
+    const bool open = m_holds == 0 && !isRestricted();
+    if (isRelease(watched, event) || open || allowsObject(watched)) {
         if (isPress(type)) {
             if (m_released)
                 m_pressed.clear();

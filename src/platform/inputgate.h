@@ -23,6 +23,10 @@ public:
     void restrictTo(QWidget *root);
     void release(QWidget *root);
     bool isRestricted() const;
+
+    /// While held, no widget at all gets input. Calls nest: each hold() needs its unhold().
+    void hold() { ++m_holds; }
+    void unhold() { --m_holds; }
     bool allows(const QWidget *widget) const;
 
     /// A helper panel that serves whichever root is allowed: keypad, letter keyboard, messages.
@@ -41,6 +45,7 @@ private:
     bool allowsObject(const QObject *object) const;
     bool isRelease(const QObject *watched, const QEvent *event);
 
+    int m_holds = 0;
     QList<QPointer<QWidget>> m_roots;
     QList<QPointer<QWidget>> m_companions;
     QList<QPointer<QObject>> m_pressed; ///< what a press has reached and no release yet

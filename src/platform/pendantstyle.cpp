@@ -24,6 +24,7 @@ const QColor kButtonDown(0xc9, 0xd3, 0xdc);
 const QColor kButtonOn(0xd3, 0xe1, 0xec);
 const QColor kButtonDisabled(0xdc, 0xde, 0xe0);
 const QColor kFieldDisabled(0xe4, 0xe6, 0xe8);
+const QColor kInk(0x3a, 0x42, 0x4a);
 const QColor kAccent(0x2b, 0x5f, 0x8c);
 
 void drawBox(QPainter *painter, const QRect &rect, const QColor &ground, const QColor &line,
@@ -63,18 +64,41 @@ void drawField(const QStyleOption *option, QPainter *painter)
             focus ? kAccent : (writable ? kLine : kLineDisabled), focus ? 2 : 1);
 }
 
-void drawArrow(QPainter *painter, const QRect &rect, bool enabled)
+/// An open arrow that points downwards, turned clockwise by `angle` degrees.
+void drawArrow(QPainter *painter, const QRect &rect, const QColor &ink, qreal angle = 0)
 {
     painter->save();
     painter->setRenderHint(QPainter::Antialiasing);
-    painter->setPen(QPen(enabled ? QColor(0x3a, 0x42, 0x4a) : kLine, 2.4, Qt::SolidLine,
-                         Qt::RoundCap, Qt::RoundJoin));
-    const QPointF centre = QRectF(rect).center();
-    QPainterPath arrow(centre + QPointF(-6, -3));
-    arrow.lineTo(centre + QPointF(0, 4));
-    arrow.lineTo(centre + QPointF(6, -3));
+    painter->setPen(QPen(ink, 2.4, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
+    painter->translate(QRectF(rect).center());
+    painter->rotate(angle);
+    QPainterPath arrow(QPointF(-6, -3));
+    arrow.lineTo(QPointF(0, 4));
+    arrow.lineTo(QPointF(6, -3));
     painter->drawPath(arrow);
     painter->restore();
+}
+
+/// A flat groove with a rounded slider, and the two arrows at its ends.
+void drawScrollBar(const QStyle *style, const QStyleOptionSlider *option, QPainter *painter,
+                   const QWidget *widget)
+{
+    const auto part = [&](QStyle::SubControl control) {
+        return style->subControlRect(QStyle::CC_ScrollBar, option, control, widget);
+    };
+    painter->fillRect(option->rect, QColor(0xdc, 0xdf, 0xe2));
+    const bool enabled =
+        (option->state & QStyle::State_Enabled) && option->maximum > option->minimum;
+    if (enabled) {
+        const bool held = (option->activeSubControls & QStyle::SC_ScrollBarSlider)
+            && (option->state & QStyle::State_Sunken);
+        drawBox(painter, part(QStyle::SC_ScrollBarSlider).adjusted(2, 2, -2, -2),
+                held ? kButtonDown : kButton, kLine);
+    }
+    const qreal along = option->orientation == Qt::Horizontal ? 90 : 0;
+    const QColor ink = enabled ? kInk : kLine;
+    drawArrow(painter, part(QStyle::SC_ScrollBarAddLine), ink, -along);
+    drawArrow(painter, part(QStyle::SC_ScrollBarSubLine), ink, 180 - along);
 }
 
 void drawCheck(const QStyleOption *option, QPainter *painter, bool round)
@@ -308,9 +332,27 @@ void PendantStyle::drawPrimitive(PrimitiveElement element, const QStyleOption *o
     QProxyStyle::drawPrimitive(element, option, painter, widget);
 }
 
+void PendantStyle::drawControl(ControlElement element, const QStyleOption *option,
+                               QPainter *painter, const QWidget *widget) const
+{
+    if (element == CE_HeaderSection || element == CE_HeaderEmptyArea) {
+        painter->fillRect(option->rect, QColor(0xdc, 0xdf, 0xe2));
+        painter->setPen(kLineDisabled);
+        painter->drawLine(option->rect.bottomLeft(), option->rect.bottomRight());
+        painter->drawLine(option->rect.topRight(), option->rect.bottomRight());
+        return;
+    }
+    QProxyStyle::drawControl(element, option, painter, widget);
+}
+
 void PendantStyle::drawComplexControl(ComplexControl control, const QStyleOptionComplex *option,
                                       QPainter *painter, const QWidget *widget) const
 {
+    const auto *slider = qstyleoption_cast<const QStyleOptionSlider *>(option);
+    if (control == CC_ScrollBar && slider) {
+        drawScrollBar(proxy(), slider, painter, widget);
+        return;
+    }
     const auto *combo = qstyleoption_cast<const QStyleOptionComboBox *>(option);
     if (control != CC_ComboBox || !combo) {
         QProxyStyle::drawComplexControl(control, option, painter, widget);
@@ -321,5 +363,5 @@ void PendantStyle::drawComplexControl(ComplexControl control, const QStyleOption
     else
         drawButton(option, painter);
     const QRect arrow = proxy()->subControlRect(CC_ComboBox, combo, SC_ComboBoxArrow, widget);
-    drawArrow(painter, arrow, option->state & State_Enabled);
+    drawArrow(painter, arrow, option->state & State_Enabled ? kInk : kLine);
 }

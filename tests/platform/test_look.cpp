@@ -20,6 +20,7 @@
 #include <QRawFont>
 #include <QSignalSpy>
 #include <QTimer>
+#include <QWindow>
 #include <QtTest>
 #include <cmath>
 
@@ -46,6 +47,7 @@ private slots:
 
     void degreesToRadians();
     void aDelayLetsTimersRun();
+    void aDelayHoldsBackTheOperatorsInput();
     void aDelayHoldsItsTime();
     void delaysMayNest();
     void aDelayIsRecorded();
@@ -270,6 +272,28 @@ void TestLook::aDelayLetsTimersRun()
     QVERIFY(ran);
     QVERIFY(within);
     QVERIFY(!isInDelay());
+}
+
+void TestLook::aDelayHoldsBackTheOperatorsInput()
+{
+    QPushButton button(QStringLiteral("1"));
+    QLineEdit field;
+    button.show();
+    QSignalSpy clicked(&button, &QPushButton::clicked);
+    bool touched = false;
+    QTimer::singleShot(0, this, [&] {
+        QTest::mouseClick(&button, Qt::LeftButton);
+        QTest::mouseClick(button.windowHandle(), Qt::LeftButton);
+        QTest::keyClick(&button, Qt::Key_Space);
+        QTest::keyClicks(&field, QStringLiteral("12"));
+        touched = true;
+    });
+    Delayms(60);
+    QVERIFY(touched);
+    QCOMPARE(clicked.count(), 0);
+    QCOMPARE(field.text(), QString());
+    QTest::mouseClick(&button, Qt::LeftButton);
+    QCOMPARE(clicked.count(), 1);
 }
 
 void TestLook::aDelayHoldsItsTime()

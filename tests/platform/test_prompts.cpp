@@ -13,6 +13,7 @@
 #include <QPushButton>
 #include <QShortcut>
 #include <QSignalSpy>
+#include <QWindow>
 #include <QtTest>
 
 namespace {
@@ -99,6 +100,7 @@ private slots:
     void itWorksWithoutAHost();
 
     void onlyThePromptGetsInput();
+    void touchesFromTheScreenAreHeldBackToo();
     void listsOfAllowedWidgetsAreAllowed();
     void modalDialogsAreAllowed();
     void shortcutsOfCoveredPagesAreHeldBack();
@@ -486,6 +488,26 @@ void TestPrompts::onlyThePromptGetsInput()
     QTest::keyClicks(&field, QStringLiteral("12"));
     QCOMPARE(m_pressed, 1);
     QCOMPARE(field.text(), QStringLiteral("12"));
+}
+
+void TestPrompts::touchesFromTheScreenAreHeldBackToo()
+{
+    QWindow *screen = m_window->windowHandle();
+    const QPoint page = m_page->geometry().center();
+    QTest::mouseClick(screen, Qt::LeftButton, Qt::NoModifier, page);
+    QCOMPARE(m_pressed, 1);
+    ask(54);
+    QTest::mouseClick(screen, Qt::LeftButton, Qt::NoModifier, page);
+    m_page->setFocus();
+    QTest::keyClick(screen, Qt::Key_Space);
+    QCOMPARE(m_pressed, 1);
+    QSignalSpy confirmed(prompt(), &PromptWidget::easyMode);
+    auto *confirm = button(QStringLiteral("promptConfirm"));
+    QTest::mouseClick(screen, Qt::LeftButton, Qt::NoModifier,
+                      confirm->mapTo(m_window, confirm->rect().center()));
+    QCOMPARE(confirmed.count(), 1);
+    QTest::mouseClick(screen, Qt::LeftButton, Qt::NoModifier, page);
+    QCOMPARE(m_pressed, 2);
 }
 
 void TestPrompts::listsOfAllowedWidgetsAreAllowed()
