@@ -11,7 +11,8 @@ namespace wire {
 
 namespace {
 
-constexpr int kReadBlock = 64 * 1024;
+/// Bytes that are taken from the socket at a time; small enough to stay in the nearest cache.
+constexpr int kBlock = 16 * 1024;
 /// What may wait for a peer that does not read; four of the longest frames.
 constexpr qint64 kMaxUnsent = 4LL * kMaxBody;
 
@@ -46,18 +47,23 @@ QString objection(const std::optional<Json::Value> &greeting, Connection::Role w
 
 Connection::Connection(QTcpSocket *socket, Role role, const Json::Value &greeting,
                        const Timing &timing, QObject *parent)
-    : QObject(parent), m_socket(socket), m_role(role), m_greeting(greeting), m_timing(timing)
+    : QObject(parent), m_socket(socket), m_role(role), m_greeting(greeting), m_timing(timing),
+      m_block(kBlock)
 {
     m_socket->setParent(this);
     m_greeting["protocol"] = kProtocol;
     m_greeting["role"] = roleName(role);
 
     connect(m_socket, &QTcpSocket::connected, this, &Connection::onConnected);
-    connect(m_socket, &QTcpSocket::readyRead, this, &Connection::onReadyRead);
-    connect(m_socket, &QTcpSocket::errorOccurred, this, &Connection::onSocketError);
+    // Unlike readyRead() it also comes while a receiver runs an event loop of its own.
+    connect(m_socket, &QTcpSocket::channelReadyRead, this, &Connection::onReadyRead);
+    connect(m_socket, &QTcpSocket::errorOccurred, this, [this] { fail(m_socket->errorString()); });
     connect(&m_timer, &QTimer::timeout, this, &Connection::tick);
     connect(&m_greetingTimer, &QTimer::timeout, this,
             [this] { fail(QStringLiteral("no greeting came in time")); });
+
+    m_recall.setSingleShot(true);
+    connect(&m_recall, &QTimer::timeout, this, &Connection::deliver);
 
     m_greetingTimer.setSingleShot(true);
     m_greetingTimer.start(m_timing.greeting);
@@ -70,8 +76,11 @@ Connection::Connection(QTcpSocket *socket, Role role, const Json::Value &greetin
 
 Connection::~Connection()
 {
-    // The socket tells of its own end while it is deleted; nobody is to hear that any more.
+    // A receiver may delete its connection, while the socket is still telling of what it has read.
     m_socket->disconnect(this);
+    m_socket->abort();
+    m_socket->setParent(nullptr);
+    m_socket->deleteLater();
 }
 
 bool Connection::send(quint16 id, const QByteArray &body)
@@ -93,7 +102,7 @@ void Connection::close(const QString &reason)
     m_state = State::Closed;
     m_timer.stop();
     m_greetingTimer.stop();
-    m_inbox.clear();
+    m_recall.stop();
     m_socket->disconnect(this);
     m_socket->abort();
     emit closed(reason);
@@ -111,34 +120,8 @@ void Connection::onConnected()
 
 void Connection::onReadyRead()
 {
-    if (m_state == State::Failing || m_state == State::Closed)
-        return;
     m_silentFor = 0;
-    char block[kReadBlock];
-    qint64 size = 0;
-    while (!m_decoder.failed() && (size = m_socket->read(block, kReadBlock)) > 0) {
-        int taken = 0;
-        while (taken < size && !m_decoder.failed()) {
-            taken += m_decoder.read(block + taken, static_cast<int>(size) - taken);
-            if (m_decoder.hasFrame())
-                m_inbox.push_back(m_decoder.take());
-        }
-    }
-    if (m_decoder.failed())
-        fail(QString::fromLatin1(describe(m_decoder.error())));
-    else if (!m_inbox.empty())
-        schedule();
-}
-
-void Connection::onSocketError()
-{
-    if (m_state == State::Failing || m_state == State::Closed)
-        return;
-    const QString reason = m_socket->errorString();
-    if (m_socket->bytesAvailable() > 0)
-        onReadyRead();
-    fail(m_decoder.isInsideFrame() ? QStringLiteral("the connection ended within a frame")
-                                   : reason);
+    deliver();
 }
 
 void Connection::tick()
@@ -155,29 +138,50 @@ void Connection::tick()
         write(Heartbeat, {});
 }
 
-void Connection::schedule()
-{
-    if (std::exchange(m_scheduled, true))
-        return;
-    QMetaObject::invokeMethod(this, &Connection::deliver, Qt::QueuedConnection);
-}
-
 void Connection::deliver()
 {
-    m_scheduled = false;
+    if (m_state == State::Closed)
+        return;
     const QPointer<Connection> alive(this);
-    while (!m_inbox.empty()) {
-        const Frame frame = std::move(m_inbox.front());
-        m_inbox.pop_front();
-        // The receiver may run an event loop of its own: the rest comes on through that one.
-        if (!m_inbox.empty() || m_state == State::Failing)
-            schedule();
-        handle(frame);
+    while (nextFrame()) {
+        // The receiver may run an event loop of its own: what is here already comes through that.
+        if (!m_recall.isActive() && hasMore())
+            m_recall.start(0);
+        handle(m_decoder.take());
         if (!alive || m_state == State::Closed)
             return;
     }
-    if (m_state == State::Failing)
-        close(m_reason);
+    m_recall.stop();
+    if (m_decoder.failed())
+        close(QString::fromLatin1(describe(m_decoder.error())));
+    else if (m_state == State::Failing)
+        close(m_decoder.isInsideFrame()
+                  ? QStringLiteral("the connection ended within a frame: ") + m_reason
+                  : m_reason);
+}
+
+/// Whether there is one; the decoder has it then. Frames are made one by one, each when the one
+/// before has been dealt with, so that all of them find the same warm memory.
+bool Connection::nextFrame()
+{
+    while (!m_decoder.failed()) {
+        if (m_taken == m_filled) {
+            m_taken = 0;
+            m_filled =
+                static_cast<int>(std::max<qint64>(0, m_socket->read(m_block.data(), kBlock)));
+            if (m_filled == 0)
+                return false;
+        }
+        m_taken += m_decoder.read(m_block.data() + m_taken, m_filled - m_taken);
+        if (m_decoder.hasFrame())
+            return true;
+    }
+    return false;
+}
+
+bool Connection::hasMore() const
+{
+    return m_taken < m_filled || m_socket->bytesAvailable() > 0;
 }
 
 void Connection::handle(const Frame &frame)
@@ -245,7 +249,9 @@ void Connection::takeAnswer(const Frame &frame)
 void Connection::write(quint16 id, const QByteArray &body)
 {
     m_hasSent = true;
-    m_socket->write(encodeFrame(id, body));
+    const FrameHeader header = frameHeader(id, body);
+    m_socket->write(header.data(), kHeaderSize);
+    m_socket->write(body);
 }
 
 void Connection::fail(const QString &reason)
@@ -257,8 +263,7 @@ void Connection::fail(const QString &reason)
     m_timer.stop();
     m_greetingTimer.stop();
     m_socket->disconnect(this);
-    m_socket->abort();
-    schedule(); // what came whole before is delivered first
+    m_recall.start(0); // what came whole before is delivered first
 }
 
 } // namespace wire

@@ -5,7 +5,7 @@
 #include <QElapsedTimer>
 #include <QObject>
 #include <QTimer>
-#include <deque>
+#include <vector>
 
 class QTcpSocket;
 
@@ -24,9 +24,9 @@ struct Timing {
 /// One end of the connection between a pendant and a controller: greeting, frames, heartbeat.
 ///
 /// Messages are passed on in the order in which they came, each whole and checked, and only after
-/// the greeting. They are delivered from the event loop and not from within the socket's own
-/// signal, so that a receiver may run an event loop of its own and goes on receiving in it. The end
-/// of a connection is told once, by closed(), after the last message that came whole.
+/// the greeting. A receiver may run an event loop of its own and goes on receiving in it, and it
+/// may close or delete the connection. The end of a connection is told once, by closed(), after the
+/// last message that came whole.
 class Connection : public QObject {
     Q_OBJECT
 public:
@@ -59,10 +59,10 @@ private:
 
     void onConnected();
     void onReadyRead();
-    void onSocketError();
     void tick();
-    void schedule();
     void deliver();
+    bool nextFrame();
+    bool hasMore() const;
     void handle(const Frame &frame);
     void answerHello(const QByteArray &body);
     void takeAnswer(const Frame &frame);
@@ -78,11 +78,13 @@ private:
     QString m_reason;
 
     FrameDecoder m_decoder;
-    std::deque<Frame> m_inbox;
-    bool m_scheduled = false;
+    std::vector<char> m_block; ///< bytes on their way from the socket to the decoder
+    int m_filled = 0;
+    int m_taken = 0; ///< of those filled
 
     QTimer m_timer;
     QTimer m_greetingTimer;
+    QTimer m_recall; ///< calls deliver() again
     QElapsedTimer m_sinceTick;
     int m_silentFor = 0; ///< milliseconds, as this end's event loop has seen them
     bool m_hasSent = false; ///< since the last tick

@@ -1,10 +1,11 @@
 #include "wire/frame.h"
 
+#include "wire/checksum.h"
+
 #include <QtEndian>
 #include <algorithm>
 #include <cstring>
 #include <utility>
-#include <zlib.h>
 
 namespace wire {
 
@@ -18,25 +19,27 @@ constexpr int kChecksumAt = 12;
 
 quint32 checksum(const char *header, const QByteArray &body)
 {
-    uLong crc = crc32(0, reinterpret_cast<const Bytef *>(header), kChecksumAt);
-    crc = crc32(crc, reinterpret_cast<const Bytef *>(body.constData()),
-                static_cast<uInt>(body.size()));
-    return static_cast<quint32>(crc);
+    return crc32(crc32(0, header, kChecksumAt), body.constData(), static_cast<int>(body.size()));
 }
 
 } // namespace
 
-QByteArray encodeFrame(quint16 id, const QByteArray &body)
+FrameHeader frameHeader(quint16 id, const QByteArray &body)
 {
-    QByteArray frame(kHeaderSize + body.size(), Qt::Uninitialized);
-    char *bytes = frame.data();
+    FrameHeader header;
+    char *bytes = header.data();
     std::copy(std::begin(kMagic), std::end(kMagic), bytes);
     qToBigEndian<quint16>(kFrameVersion, bytes + kVersionAt);
     qToBigEndian<quint16>(id, bytes + kIdAt);
     qToBigEndian<quint32>(static_cast<quint32>(body.size()), bytes + kLengthAt);
     qToBigEndian<quint32>(checksum(bytes, body), bytes + kChecksumAt);
-    std::copy_n(body.constData(), body.size(), bytes + kHeaderSize);
-    return frame;
+    return header;
+}
+
+QByteArray encodeFrame(quint16 id, const QByteArray &body)
+{
+    const FrameHeader header = frameHeader(id, body);
+    return QByteArray(header.data(), kHeaderSize) + body;
 }
 
 int FrameDecoder::read(const char *data, int size)

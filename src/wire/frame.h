@@ -4,6 +4,7 @@
 
 #include <QByteArray>
 #include <QtGlobal>
+#include <array>
 
 /// Frames: what crosses the TCP connection between pendant and controller.
 ///
@@ -27,7 +28,11 @@ struct Frame {
     QByteArray body;
 };
 
-/// The bytes of one frame. `body` must not be longer than kMaxBody.
+using FrameHeader = std::array<char, kHeaderSize>;
+
+/// What stands before `body` in its frame. `body` must not be longer than kMaxBody.
+FrameHeader frameHeader(quint16 id, const QByteArray &body);
+/// The bytes of a whole frame.
 QByteArray encodeFrame(quint16 id, const QByteArray &body);
 
 /// Makes frames of a stream of bytes that arrives in pieces of any size. The first bad frame is the
