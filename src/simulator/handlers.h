@@ -7,6 +7,7 @@
 #include <vector>
 
 class ParameterStore;
+struct Session;
 
 /// One message of a pendant on its way through its handler.
 struct Request {
@@ -14,6 +15,7 @@ struct Request {
     ParameterStore &store;
     /// Sends a reply to the pendant that asked.
     std::function<void(quint16 id, const Json::Value &body)> reply;
+    Session &session; ///< of that pendant
 };
 
 /// Carries a message out. Null when the controller took it, else what is wrong with it, for the
@@ -26,5 +28,13 @@ struct HandlerRow {
 };
 using HandlerTable = std::vector<HandlerRow>;
 
-// One table per package, in the file of that name.
+// One table per package or topic, in the file of that name.
 HandlerTable polishHandlers();
+HandlerTable palletModeHandlers();
+HandlerTable palletGripperHandlers();
+HandlerTable palletTrayHandlers();
+HandlerTable palletPositionHandlers();
+HandlerTable palletWorkpieceHandlers();
+HandlerTable palletOverlapHandlers();
+HandlerTable palletPlaneHandlers();
+HandlerTable toolFrameHandlers();

@@ -42,7 +42,10 @@ Json::Value greeting()
 SimulatedController::SimulatedController(QObject *parent) : QObject(parent)
 {
     m_kinematicTypes.fill(1);
-    for (const HandlerTable &table : {polishHandlers()}) {
+    for (const HandlerTable &table :
+         {polishHandlers(), palletModeHandlers(), palletGripperHandlers(), palletTrayHandlers(),
+          palletPositionHandlers(), palletWorkpieceHandlers(), palletOverlapHandlers(),
+          palletPlaneHandlers(), toolFrameHandlers()}) {
         for (const HandlerRow &row : table)
             m_handlers.insert(row.id, row.handle);
     }
@@ -87,7 +90,7 @@ void SimulatedController::welcome()
     while (QTcpSocket *socket = m_server.nextPendingConnection()) {
         auto *connection = new wire::Connection(socket, wire::Connection::Role::Controller,
                                                 greeting(), m_timing, this);
-        m_pendants.push_back({connection});
+        m_pendants.push_back({connection, {}});
         connect(connection, &wire::Connection::opened, this, [this, connection] {
             add(Count::Pendants, 1);
             if (const Pendant *pendant = find(connection))
@@ -143,10 +146,11 @@ void SimulatedController::take(wire::Connection *connection, quint16 id, const Q
 const char *SimulatedController::carryOut(wire::Connection *connection, quint16 id,
                                           const QByteArray &body)
 {
-    if (id == wire::Key) {
-        Pendant *pendant = find(connection);
-        return pendant ? takeKey(*pendant, body) : nullptr;
-    }
+    Pendant *pendant = find(connection);
+    if (!pendant)
+        return nullptr;
+    if (id == wire::Key)
+        return takeKey(*pendant, body);
     const Handler handle = m_handlers.value(id);
     if (!handle) {
         add(message::name(id) ? Count::Unanswered : Count::Unknown, 1);
@@ -156,9 +160,11 @@ const char *SimulatedController::carryOut(wire::Connection *connection, quint16 
         body.isEmpty() ? Json::Value(Json::objectValue) : wire::parseObject(body);
     if (!parsed)
         return "the body is no JSON object";
-    Request request{*parsed, m_store, [=](quint16 replyId, const Json::Value &replyBody) {
+    Request request{*parsed, m_store,
+                    [=](quint16 replyId, const Json::Value &replyBody) {
                         reply(connection, id, replyId, replyBody);
-                    }};
+                    },
+                    pendant->session};
     return handle(request);
 }
 
@@ -172,11 +178,11 @@ const char *SimulatedController::takeKey(Pendant &pendant, const QByteArray &bod
     if (name == QLatin1String("servo") && value(0, 1))
         m_servo = *value(0, 1) == 1;
     else if (name == QLatin1String("deadman") && value(0, 1))
-        pendant.holdsDeadman = *value(0, 1) == 1;
+        pendant.session.holdsDeadman = *value(0, 1) == 1;
     else if (name == QLatin1String("mode") && value(0, 2))
         m_teachMode = *value(0, 2);
     else if (name == QLatin1String("robot") && value(1, kRobots))
-        pendant.robot = *value(1, kRobots);
+        pendant.session.robot = *value(1, kRobots);
     else
         return "no such key or value";
     sendStatus();
@@ -238,15 +244,16 @@ void SimulatedController::sendStatus()
 void SimulatedController::sendStatus(const Pendant &pendant)
 {
     const bool deadman = std::any_of(m_pendants.begin(), m_pendants.end(),
-                                     [](const Pendant &each) { return each.holdsDeadman; });
+                                     [](const Pendant &each) { return each.session.holdsDeadman; });
     Json::Value status;
-    status["robot"] = pendant.robot;
+    status["robot"] = pendant.session.robot;
     status["servo"] = m_servo ? kServoOn : kServoOff;
     status["deadman"] = deadman ? 1 : 0;
     status["teachMode"] = m_teachMode;
     {
         const QMutexLocker lock(&m_mutex);
-        status["kinematicType"] = m_kinematicTypes.at(static_cast<size_t>(pendant.robot - 1));
+        status["kinematicType"] =
+            m_kinematicTypes.at(static_cast<size_t>(pendant.session.robot - 1));
     }
     pendant.connection->send(wire::Status, wire::writeLine(status));
 }

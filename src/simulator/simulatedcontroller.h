@@ -3,6 +3,7 @@
 #include "simulator/fault.h"
 #include "simulator/handlers.h"
 #include "simulator/parameterstore.h"
+#include "simulator/session.h"
 #include "wire/connection.h"
 
 #include <QHash>
@@ -47,6 +48,8 @@ public:
     int refused() const;
     /// Messages of the catalogue that nothing here answers yet.
     int unanswered() const;
+    /// Whether something here carries out a message with that id.
+    bool answers(quint16 id) const { return m_handlers.contains(id); }
     /// Messages that are not in the catalogue.
     int unknown() const;
     int pendants() const;
@@ -60,8 +63,7 @@ signals:
 private:
     struct Pendant {
         wire::Connection *connection;
-        int robot = 1; ///< the one it works with
-        bool holdsDeadman = false;
+        Session session;
     };
     struct FaultState {
         Fault fault = Fault::None;

@@ -1,0 +1,19 @@
+#pragma once
+
+#include <json/json.h>
+
+/// A layout list that is coming in chunks: nothing of it is stored before it is complete.
+struct LayoutTransfer {
+    int robot = 0;
+    int craft = 0;
+    int graphic = 0;
+    int sum = 0; ///< workpieces in all
+    Json::Value items{Json::arrayValue}; ///< those that have come
+};
+
+/// What the controller keeps of one connected pendant.
+struct Session {
+    int robot = 1; ///< the one it works with; messages that name no robot are about this one
+    bool holdsDeadman = false;
+    LayoutTransfer transfer;
+};
