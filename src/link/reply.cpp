@@ -32,9 +32,16 @@ namespace reply {
 
 namespace {
 
-bool isOfCurrentRobot(const Json::Value &root)
+/// Without a robot number there is nothing to compare; what that means is up to the check.
+std::optional<int> robotOf(const Json::Value &root)
 {
-    return wire::integer(root, "robot").value_or(0) == MoreRobot::getCurrentRobot();
+    return wire::integer(root, "robot");
+}
+
+/// The warning checks read a missing robot as 0.
+bool isOfAnotherRobot(const Json::Value &root)
+{
+    return robotOf(root).value_or(0) != MoreRobot::getCurrentRobot();
 }
 
 void showError(const char *error)
@@ -48,7 +55,7 @@ void showError(const char *error)
 std::optional<Reply> strict(wire::reply::Id id, const QByteArray &body)
 {
     std::optional<Json::Value> root = wire::parseObject(body);
-    if (!root || !isOfCurrentRobot(*root))
+    if (!root || robotOf(*root) != MoreRobot::getCurrentRobot())
         return std::nullopt;
     return Reply(id, std::move(*root));
 }
@@ -58,7 +65,7 @@ std::optional<Reply> warnAndGoOn(wire::reply::Id id, const QByteArray &body, con
     std::optional<Json::Value> root = wire::parseObject(body);
     if (!root)
         return std::nullopt;
-    if (!isOfCurrentRobot(*root))
+    if (isOfAnotherRobot(*root))
         showError(error);
     return Reply(id, std::move(*root));
 }
@@ -68,7 +75,7 @@ std::optional<Reply> warnAndStop(wire::reply::Id id, const QByteArray &body, con
     std::optional<Json::Value> root = wire::parseObject(body);
     if (!root)
         return std::nullopt;
-    if (!isOfCurrentRobot(*root)) {
+    if (isOfAnotherRobot(*root)) {
         showError(error);
         return std::nullopt;
     }
