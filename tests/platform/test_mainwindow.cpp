@@ -5,6 +5,7 @@
 
 #include "displaysize.h"
 #include "eventpage.h"
+#include "helpers.h"
 #include "keycolumn.h"
 #include "language.h"
 #include "linklamp.h"
@@ -230,6 +231,33 @@ private slots:
         }
         QTest::mousePress(key, Qt::RightButton);
         QVERIFY(!key->isHeld());
+    }
+
+    void deadmanLetsGoDuringAWait()
+    {
+        auto *key = find<DeadmanKey>("deadmanKey");
+        for (const bool keyboard : {false, true}) {
+            keyboard ? QTest::keyPress(window.get(), Qt::Key_F12)
+                     : QTest::mousePress(key, Qt::LeftButton);
+            QVERIFY(key->isHeld());
+            bool heldInWait = true;
+            QTimer::singleShot(0, key, [&] {
+                keyboard ? QTest::keyRelease(window.get(), Qt::Key_F12)
+                         : QTest::mouseRelease(key, Qt::LeftButton);
+                heldInWait = key->isHeld();
+            });
+            Delayms(30);
+            QVERIFY(!heldInWait);
+        }
+        // Nor can it be taken hold of in one.
+        bool taken = true;
+        QTimer::singleShot(0, key, [&] {
+            QTest::keyPress(window.get(), Qt::Key_F12);
+            taken = key->isHeld();
+            QTest::keyRelease(window.get(), Qt::Key_F12);
+        });
+        Delayms(30);
+        QVERIFY(!taken);
     }
 
     void deadmanOnTheKeyboard()
