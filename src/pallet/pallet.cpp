@@ -18,6 +18,11 @@ void TechnologyWidget::initPalletTechInterface()
     }
     connect(ui->m_pBtnPalletTechReturn, &QPushButton::clicked, this,
             &TechnologyWidget::return_mainPage);
+    initPalletMode();
+    initGripper();
+    initTray();
+    initMotion();
+    initPosition();
 }
 
 void TechnologyWidget::return_PalletPage()

@@ -25,6 +25,11 @@ DigitalLineEdit *edit(const Field &field, const Ui_TechnologyWidget *ui)
     return ui->*std::get<DigitalLineEdit * Ui_TechnologyWidget::*>(field.widget);
 }
 
+bool isComboBox(const Field &field)
+{
+    return std::holds_alternative<QComboBox * Ui_TechnologyWidget::*>(field.widget);
+}
+
 QComboBox *comboBox(const Field &field, const Ui_TechnologyWidget *ui)
 {
     return ui->*std::get<QComboBox * Ui_TechnologyWidget::*>(field.widget);
@@ -38,7 +43,7 @@ SwitchButton *switchButton(const Field &field, const Ui_TechnologyWidget *ui)
 /// A combo box that is sent as a real goes by its text.
 QString textOf(const Field &field, const Ui_TechnologyWidget *ui)
 {
-    if (std::holds_alternative<QComboBox * Ui_TechnologyWidget::*>(field.widget))
+    if (isComboBox(field))
         return comboBox(field, ui)->currentText();
     return edit(field, ui)->text();
 }
@@ -56,24 +61,35 @@ void setText(QLineEdit *edit, const QString &text)
         edit->setText(text);
 }
 
+void selectNumber(QComboBox *box, int number)
+{
+    if (number <= box->count())
+        box->setCurrentIndex(std::max(number, 0) - 1);
+}
+
 void fill(const Field &field, const Ui_TechnologyWidget *ui, const Reply &reply)
 {
     const std::size_t keys = length(field);
-    switch (field.sent) {
+    // what is sent as the text of a combo box comes back as the number of its row
+    const Field::Sent kind =
+        field.sent == Field::Sent::Real && isComboBox(field) ? Field::Sent::Number : field.sent;
+    switch (kind) {
     case Field::Sent::Real:
     case Field::Sent::Integer:
         if (const auto value = reply.numberAt(field.path.data(), keys))
             setText(edit(field, ui), shown(*value));
         break;
-    case Field::Sent::Row:
-    case Field::Sent::Number: {
+    case Field::Sent::Row: {
         QComboBox *box = comboBox(field, ui);
-        const int shift = field.sent == Field::Sent::Number ? 1 : 0;
         const auto value = reply.integerAt(field.path.data(), keys);
-        if (value && *value < box->count() + shift)
-            box->setCurrentIndex(std::max(*value, shift - 1) - shift);
+        if (value && *value < box->count())
+            box->setCurrentIndex(std::max(*value, -1));
         break;
     }
+    case Field::Sent::Number:
+        if (const auto value = reply.integerAt(field.path.data(), keys))
+            selectNumber(comboBox(field, ui), *value);
+        break;
     case Field::Sent::Switch:
         if (const auto on = reply.truthAt(field.path.data(), keys))
             switchButton(field, ui)->setCheck(*on);

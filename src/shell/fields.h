@@ -17,7 +17,7 @@ struct Field {
     using Form = Ui_TechnologyWidget;
 
     enum class Sent {
-        Real, ///< a line edit or the text of a combo box: any finite decimal
+        Real, ///< any finite decimal of a line edit; of a combo box the text, filled as Number
         Integer, ///< a line edit: base 10, within int
         Row, ///< a combo box: its row; a reply's row at or above the count is left alone
         Number, ///< a combo box: its row plus 1, an integer; above the count it is left alone
@@ -52,6 +52,10 @@ QString shown(double value);
 
 /// Sets a text where it differs, so that the cursor of an unchanged field stays where it is.
 void setText(QLineEdit *edit, const QString &text);
+
+/// Selects the row of a number that counts from 1. Above the number of rows it is left alone; 0 and
+/// below leave no row selected.
+void selectNumber(QComboBox *box, int number);
 
 /// Shows the value of the field if the reply holds it; else it stays as it is.
 void fill(const Field &field, const Ui_TechnologyWidget *ui, const Reply &reply);

@@ -50,6 +50,7 @@ TechnologyWidget::TechnologyWidget(QWidget *parent)
 
     initTechButtons();
     initPalletTechInterface();
+    initPalletRobotType();
     initLaserInterface();
     promptWidget = PromptWidget::getInstance();
     initFirstLevelFonts();
@@ -131,6 +132,12 @@ void TechnologyWidget::showPage(page::Index index)
         emit tnw_WidgetTitle(page::kTitleGroup, title, 0);
 }
 
+void TechnologyWidget::showTitleAndPage(page::Index index)
+{
+    emit tnw_WidgetTitle(page::kTitleGroup, page::kTable[index].title, 0);
+    setCurrentIndex(index);
+}
+
 void TechnologyWidget::hideWgt()
 {
     hide();
@@ -161,6 +168,7 @@ void TechnologyWidget::changeEvent(QEvent *event)
         if (currentIndex() != page::Menu)
             return_mainPage();
         ui->retranslateUi(this);
+        retranslatePalletPages();
     }
     QStackedWidget::changeEvent(event);
 }

@@ -1,14 +1,22 @@
 #pragma once
 
+#include "shell/coordinates.h"
 #include "shell/edittoggle.h"
 #include "shell/pagetable.h"
 
+#include <QHash>
 #include <QStackedWidget>
 #include <QString>
 #include <QVector>
+#include <array>
+#include <initializer_list>
 
+namespace Json {
+class Value;
+}
 class BoxPainter;
 class PromptWidget;
+class QLabel;
 class QTableWidget;
 class QTimer;
 class Robot;
@@ -75,6 +83,66 @@ public:
     /// Refills the port lists of the program wizard from the settings page. Row 0 reads "无".
     void reflashTechnologyIOPortList();
 
+    // Axes: pallet/axes.cpp
+    /// Names the values of the position panel of the point page: 0 joint, 1 Cartesian, 2 tool,
+    /// 3 user; a value above 3 sets no text.
+    void setLabelcoord(unsigned char coord);
+    /// Shows and hides the orientation columns of the pallet pages by the robot's family.
+    void initPalletRobotType();
+
+public slots:
+    // Craft and mode: pallet/mode.cpp · pages 57, 23, 40 · SetPalletMode, GetPalletMode
+    void showPalletTypeWidget();
+    void showPalletCompleteWidget();
+    void showPalletEasyWidget();
+    void SureCompletePalletMode();
+    void SureEasyPalletMode();
+    void CancelCompletePalletMode();
+    void CancelEasyPalletMode();
+    void needchangePalletTechnologyNum();
+    void changeTechnologyNumber();
+    void changePalletEasyTechnologyNum();
+    void updateSwitchPalletMode(const QByteArray &reply);
+    void palletcomplete();
+
+    // Gripper: pallet/gripper.cpp · page 24 · SetPalletGripper, GetPalletGripper, GetToolData
+    void palletSetTongsWidget();
+    void palletSetTongsWidget2();
+    void updatePalletToolParameter(const QByteArray &reply);
+    void keep_count_data_pallet(int tool, QByteArray frame, QByteArray unused);
+    void modifyTongs();
+
+    // Tray: pallet/tray.cpp · page 25 · SetPalletTray, GetPalletTray, the user-coordinate messages
+    void palletSetTrayWidget();
+    void palletSetTrayWidget2();
+    void updatePalletTrayParameter(const QByteArray &reply);
+    void keep_userReply_pallet(int user, QString inquire, QVector<double> point);
+    void trayOriginPressed();
+    void trayXdirectionPressed();
+    void trayYdirectionPressed();
+    void send_calData_pallet();
+    void received_user_successed_pallet(const int result);
+    void modifyTray();
+    void palletGetUserCoords();
+
+    // Positions: pallet/position.cpp, pallet/motion.cpp · page 26 · SetPalletPosition,
+    // GetPalletPosition, GetCurrentPosition, RunToPoint
+    void palletSetPositionWidget();
+    void getCurposition();
+    void getCurposition2();
+    void getCurposition3();
+    void recvCurposition(const QByteArray radians, const QByteArray degrees);
+    void palletEntrancePosition();
+    void palletAuxiliaryPosition();
+    void palletJobPosition();
+    void updatePalletPositionParameter(const QByteArray &reply);
+    void modifyPosition();
+    void doMoveToEntrancePoint();
+    void doMoveToAuxiliaryPoint();
+    void doMoveToJobPoint();
+    void runToPoint(QStringList values);
+    void runToJointPoint(QStringList values);
+
     // ---- Conveyor tracking: conveyor/conveyor.cpp · pages 6 to 12, 55, 56
     // ------------------------
 
@@ -100,6 +168,7 @@ public slots:
 
 protected:
     void changeEvent(QEvent *event) override;
+    void showEvent(QShowEvent *event) override;
 
 private:
     // ---- Shell
@@ -109,11 +178,39 @@ private:
     void reduceMenuToSpecialProcess();
     void initCanvases();
     void showPage(page::Index index);
+    /// The same with the title told first, as the pages of the pallet chain have it.
+    void showTitleAndPage(page::Index index);
     void showHostedPage(int type, int group, int title);
 
     // ---- Packages
     // --------------------------------------------------------------------------------
     void initPalletTechInterface();
+    void initPalletMode();
+    void initGripper();
+    void initTray();
+    void retranslatePalletPages();
+    void showPalletMode(int mode);
+    void enterPalletMode(int mode);
+    void confirmPalletMode(int mode);
+    void refusePalletMode(int mode);
+    void openPalletMode(int mode);
+    void showTechnologyNumbers();
+    QString technologyNumberText() const;
+    EditPage gripperPage() const;
+    void showToolFrames();
+    EditPage trayPage() const;
+    void markTrayPoint(const char *inquire);
+    void initMotion();
+    void pollPosition(QTimer *timer, axes::Coordinate coordinate,
+                      std::initializer_list<page::Index> pages);
+    void showPointPanel(int kind, const PositionTexts &position);
+    void showPosition(const PositionTexts &position, const QVector<QLabel *> &labels);
+    void moveToPoint(const PositionTexts &point);
+    void initPosition();
+    EditPage positionPage() const;
+    void forgetLivePosition();
+    void fillPoint(const Json::Value &values, PositionTexts &point,
+                   const QVector<QLabel *> &labels);
     void initLaserInterface();
     void initBWBTechInterface();
     void openSpecialProcess();
@@ -144,10 +241,32 @@ private:
     int locationCanvasZoom = 10; ///< zoom level of the location canvas; 10 is 1:1
     int previewMode = -1; ///< which request the next preview reply answers; -1: none
     QString currentUserCoordsText;
+    int palletMode = 1; ///< as palletstate reads: 0 easy, 1 complete, 2 not set
+    QVector<QLabel *> technologyNumberLabels; ///< the process number on the complete chain's pages
+    /// The frames of tools 1 to 9 as the controller wrote them: x, y, z, A, B, C. Tools that it has
+    /// not told of yet have empty texts.
+    std::array<std::array<QString, 6>, 9> toolFrameTexts;
+    // The tray's points: x, y, z, a, b, c. Their values stand on these labels and nowhere else.
+    QVector<QLabel *> trayOriginLabels;
+    QVector<QLabel *> trayXLabels;
+    QVector<QLabel *> trayYLabels;
+    PositionTexts curCartPos; ///< the last Cartesian position that the controller told
+    PositionTexts curCartPosCopy; ///< the same, for the easy page
+    PositionTexts curJointPos; ///< the last joint position
+    PositionTexts entrancePos;
+    PositionTexts auxiliaryPos;
+    PositionTexts jobPos;
+    // Their labels: x, y, z, a, b, c, d.
+    QVector<QLabel *> livePositionLabels;
+    QVector<QLabel *> entranceLabels;
+    QVector<QLabel *> auxiliaryLabels;
+    QVector<QLabel *> jobLabels;
+    QHash<QTimer *, int> hiddenPolls; ///< timers that ended while their page was out of sight
 
     // ---- Conveyor tracking, laser, special process
     // -------------------------------------------------
     QTimer *trackSpeedTimer = nullptr;
     QTimer *laserStateTimer = nullptr;
     QTimer *bwbPositionTimer = nullptr;
+    PositionTexts bwbLivePosition; ///< what the point page shows as the current position
 };
