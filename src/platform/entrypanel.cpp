@@ -1,7 +1,6 @@
 #include "entrypanel.h"
 
 #include "inputgate.h"
-#include "screenhost.h"
 #include "setfontsize.h"
 
 #include <QEvent>
@@ -64,6 +63,17 @@ QValidator::State stateOf(const QLineEdit *field, QString text)
         return QValidator::Acceptable;
     int position = static_cast<int>(text.size());
     return field->validator()->validate(text, position);
+}
+
+/// Where the panel may lie: over the page that the field stands on, so that what lies beside the
+/// page stays in reach; over the whole window when the page is too small for it.
+QRect areaOf(const QWidget *field, const QWidget *window, const QSize &needed)
+{
+    const QWidget *page = field;
+    while (page && page->parentWidget() != window)
+        page = page->parentWidget();
+    const bool fits = page && page->width() >= needed.width() && page->height() >= needed.height();
+    return fits ? page->geometry() : window->rect();
 }
 
 } // namespace
@@ -166,10 +176,7 @@ void EntryPanel::place()
         setGeometry(QRect(centre - QPoint(size.width() / 2, size.height() / 2), size));
         return;
     }
-    QRect area = window->rect();
-    const QWidget *host = ScreenHost::widget();
-    if (host && host != window && window->isAncestorOf(host) && host->isAncestorOf(m_field))
-        area = QRect(host->mapTo(window, QPoint(0, 0)), host->size());
+    const QRect area = areaOf(m_field, window, size);
     setGeometry(area);
 
     int y = (area.height() - size.height()) / 2;

@@ -1,5 +1,6 @@
 #include "inputgate.h"
 
+#include <QAbstractButton>
 #include <QCoreApplication>
 #include <QEvent>
 #include <QWidget>
@@ -150,7 +151,9 @@ bool InputGate::allowsObject(const QObject *object) const
 
 bool InputGate::isRelease(const QObject *watched, const QEvent *event)
 {
-    const bool known = m_pressed.contains(const_cast<QObject *>(watched));
+    const auto *button = qobject_cast<const QAbstractButton *>(watched);
+    const bool known =
+        m_pressed.contains(const_cast<QObject *>(watched)) || (button && button->isDown());
     if (endsPress(event->type()))
         m_released = true;
     return known

@@ -1,5 +1,6 @@
 #include "snackbarpanel.h"
 
+#include "displaysize.h"
 #include "entrypanel.h"
 #include "inputgate.h"
 #include "promptwidget.h"
@@ -95,6 +96,15 @@ void drawMark(QPainter &painter, const QRectF &box, bool warns)
     painter.setBrush(Qt::white);
     painter.drawEllipse(QPointF(x, warns ? y + 4.5 : y - 4.5), 1.5, 1.5);
     painter.drawRoundedRect(QRectF(x - 1.25, warns ? y - 6 : y - 1.5, 2.5, 7.5), 1.2, 1.2);
+}
+
+/// The messages of the pendant's screen stand at the foot of its content area, beside the keys.
+QRect footOf(const QWidget *host)
+{
+    if (host->size() != QSize(DisplaySize::width, DisplaySize::height))
+        return host->rect();
+    return {DisplaySize::widgetX, DisplaySize::widgetY, DisplaySize::contentWidth,
+            DisplaySize::contentHeight};
 }
 
 QPointer<SnackbarStack> currentStack;
@@ -272,12 +282,13 @@ void SnackbarStack::dismissAll()
 
 void SnackbarStack::place()
 {
-    const int width = m_host->width() - 2 * kMargin;
-    int bottom = m_host->height() - kMargin;
+    const QRect area = footOf(m_host);
+    const int width = area.width() - 2 * kMargin;
+    int bottom = area.bottom() + 1 - kMargin;
     for (auto it = m_panels.crbegin(); it != m_panels.crend(); ++it) {
         SnackbarPanel *panel = *it;
         const int height = panel->heightAt(width);
-        panel->setGeometry(kMargin, bottom - height, width, height);
+        panel->setGeometry(area.left() + kMargin, bottom - height, width, height);
         panel->show();
         panel->raise();
         bottom -= height + 4;

@@ -54,6 +54,7 @@ private slots:
     void aKeyboardGoesOnWhereTheKeypadBegan();
     void keysAreLargeAndFitTheContentArea_data();
     void keysAreLargeAndFitTheContentArea();
+    void theKeysBesideThePageStayInReach();
     void inASmallWindowTheKeypadStandsAlone();
     void aPromptTakesTheKeypadAway();
     void theKeypadServesAFieldOfThePrompt();
@@ -587,6 +588,25 @@ void TestKeypad::keysAreLargeAndFitTheContentArea()
                 QVERIFY(!key->geometry().intersects(other->geometry()));
         }
     }
+}
+
+void TestKeypad::theKeysBesideThePageStayInReach()
+{
+    m_window->resize(800, 600);
+    QWidget page(m_window);
+    page.setGeometry(0, 48, 714, 504);
+    QWidget group(&page);
+    group.setGeometry(10, 10, 300, 100);
+    DigitalLineEdit field(&group);
+    page.show();
+    QTest::mouseClick(&field, Qt::LeftButton);
+    QVERIFY(isOpen());
+    QCOMPARE(Keypad::current()->geometry(), page.geometry());
+    for (const QPushButton *key : Keypad::current()->findChildren<QPushButton *>()) {
+        const QRect where(key->mapTo(m_window, QPoint(0, 0)), key->size());
+        QVERIFY2(page.geometry().contains(where), qPrintable(key->objectName()));
+    }
+    touch("key_cancel");
 }
 
 void TestKeypad::inASmallWindowTheKeypadStandsAlone()

@@ -1,6 +1,7 @@
 // The transient messages at the foot of the screen.
 
 #include "digitallineedit.h"
+#include "displaysize.h"
 #include "eventlog.h"
 #include "inputgate.h"
 #include "promptwidget.h"
@@ -54,6 +55,7 @@ private slots:
     void aRepetitionStartsTheTimeAnew();
     void anEndlessOneThatWaitedGetsItsTime();
     void longTextsAreWholeAndFollowTheWidth();
+    void onThePendantsScreenTheyStandBesideTheKeys();
     void theyTakeNoFocusAndBlockNothing();
     void theyAreTouchableUnderAPrompt();
     void promptAndKeypadStayAboveThem();
@@ -245,6 +247,17 @@ void TestSnackbar::longTextsAreWholeAndFollowTheWidth()
     m_window->resize(400, 504);
     QVERIFY(panel->height() > wide);
     QVERIFY(m_window->rect().contains(panel->geometry()));
+}
+
+void TestSnackbar::onThePendantsScreenTheyStandBesideTheKeys()
+{
+    m_window->resize(DisplaySize::width, DisplaySize::height);
+    DisplaySize::widgetY = 48;
+    say(QStringLiteral("A"));
+    const QRect content(0, 48, DisplaySize::contentWidth, DisplaySize::contentHeight);
+    QVERIFY(content.contains(panels().first()->geometry()));
+    QVERIFY(panels().first()->geometry().bottom() > content.bottom() - 20);
+    DisplaySize::widgetY = 0;
 }
 
 void TestSnackbar::theyTakeNoFocusAndBlockNothing()
