@@ -1,0 +1,189 @@
+// The position page: entrance, auxiliary and job point of a craft.
+
+#include "app.h"
+#include "helpers.h"
+#include "link/reply.h"
+#include "link/request.h"
+#include "printlog.h"
+#include "robot.h"
+#include "shell/buttonstyle.h"
+#include "shell/coordinates.h"
+#include "shell/fields.h"
+#include "shell/technologyform.h"
+#include "shell/technologywidget.h"
+
+#include <QTimer>
+#include <algorithm>
+#include <utility>
+
+namespace {
+
+constexpr Json::ArrayIndex kSent = 6; ///< values of a point in the messages: d is not among them
+constexpr Json::ArrayIndex kFirstAngle = 3;
+constexpr int kPollPeriod = 400; ///< milliseconds
+
+/// A point as the controller keeps it: x, y, z in mm and a, b, c in radians.
+Json::Value toJson(const PositionTexts &point)
+{
+    Json::Value values(Json::arrayValue);
+    for (Json::ArrayIndex i = 0; i < kSent; ++i) {
+        const double value = axes::numberOf(point[i]);
+        values.append(App::isDeg && i >= kFirstAngle ? DegToRad(value) : value);
+    }
+    return values;
+}
+
+} // namespace
+
+void TechnologyWidget::initPosition()
+{
+    livePositionLabels = {ui->CurrentPointx, ui->CurrentPointy, ui->CurrentPointz,
+                          ui->CurrentPointa, ui->CurrentPointb, ui->CurrentPointc,
+                          ui->CurrentPointd};
+    entranceLabels = {ui->EntrancePointx, ui->EntrancePointy, ui->EntrancePointz,
+                      ui->EntrancePointa, ui->EntrancePointb, ui->EntrancePointc,
+                      ui->EntrancePointd};
+    auxiliaryLabels = {ui->AuxiliaryPointx, ui->AuxiliaryPointy, ui->AuxiliaryPointz,
+                       ui->AuxiliaryPointa, ui->AuxiliaryPointb, ui->AuxiliaryPointc,
+                       ui->AuxiliaryPointd};
+    jobLabels = {ui->JobPointx, ui->JobPointy, ui->JobPointz, ui->JobPointa,
+                 ui->JobPointb, ui->JobPointc, ui->JobPointd};
+    setReturnButtonSheet({ui->returnNavigationBtn3, ui->positionPageUp, ui->positionPageDown,
+                          ui->positionModifyBtn, ui->positionModifyCancelBtn});
+    showViewState(positionPage());
+
+    connect(robot, &Robot::robot_pallet_PositionParameter, this,
+            &TechnologyWidget::updatePalletPositionParameter);
+    connect(robot, &Robot::linkChanged, this, &TechnologyWidget::forgetLivePosition);
+
+    using Slot = void (TechnologyWidget::*)();
+    const struct {
+        QPushButton *button;
+        Slot slot;
+    } ways[] = {
+        {ui->positionEntrancePoint, &TechnologyWidget::palletEntrancePosition},
+        {ui->positionAuxiliaryPoint, &TechnologyWidget::palletAuxiliaryPosition},
+        {ui->positionJobPoint, &TechnologyWidget::palletJobPosition},
+        {ui->moveToEntrancePoint, &TechnologyWidget::doMoveToEntrancePoint},
+        {ui->moveToAuxiliaryPoint, &TechnologyWidget::doMoveToAuxiliaryPoint},
+        {ui->moveToJobPoint, &TechnologyWidget::doMoveToJobPoint},
+        {ui->positionModifyBtn, &TechnologyWidget::modifyPosition},
+        {ui->positionModifyCancelBtn, &TechnologyWidget::palletSetPositionWidget},
+    };
+    for (const auto &way : ways)
+        connect(way.button, &QPushButton::clicked, this, way.slot);
+}
+
+EditPage TechnologyWidget::positionPage() const
+{
+    return {ui->positionModifyBtn,
+            {ui->positionEntrancePoint, ui->positionAuxiliaryPoint, ui->positionJobPoint},
+            ui->positionModifyCancelBtn,
+            {ui->returnNavigationBtn3, ui->positionPageUp, ui->positionPageDown}};
+}
+
+/// Opens the page; cancelling an edit opens it anew.
+void TechnologyWidget::palletSetPositionWidget()
+{
+    showTitleAndPage(page::PalletPosition);
+    showViewState(positionPage());
+    ui->positionUnit->setText(App::isDeg ? tr("位置 mm，姿态 °") : tr("位置 mm，姿态 rad"));
+    forgetLivePosition();
+    palletPositionTimer->start(kPollPeriod);
+    request::send(message::GetPalletPosition, request::forRow(ui->m_pPalletCraftNum));
+}
+
+/// Until the controller tells where the robot is, the page does not pretend to know.
+void TechnologyWidget::forgetLivePosition()
+{
+    for (QLabel *label : std::as_const(livePositionLabels))
+        label->setText(QStringLiteral("--"));
+}
+
+void TechnologyWidget::palletEntrancePosition()
+{
+    entrancePos = curCartPos;
+    showPosition(entrancePos, entranceLabels);
+}
+
+void TechnologyWidget::palletAuxiliaryPosition()
+{
+    auxiliaryPos = curCartPos;
+    showPosition(auxiliaryPos, auxiliaryLabels);
+}
+
+void TechnologyWidget::palletJobPosition()
+{
+    jobPos = curCartPos;
+    showPosition(jobPos, jobLabels);
+}
+
+/// The points of a craft arrived. What the reply does not hold stays, but for d: the controller
+/// keeps none, so a point that was read has none.
+void TechnologyWidget::updatePalletPositionParameter(const QByteArray &body)
+{
+    const std::optional<Reply> reply = reply::warnAndStop(
+        wire::reply::robot_pallet_PositionParameter, body, reply::error::kPosition);
+    if (!reply)
+        return;
+    // as it comes: a number without a row leaves no row selected
+    if (const std::optional<int> number = reply->integer("craftID"))
+        ui->m_pPalletCraftNum->setCurrentIndex(std::max(*number, 0) - 1);
+    const auto fill = [&](const char *key, PositionTexts &point, const QVector<QLabel *> &labels) {
+        if (const Json::Value *values = reply->array("pallet", key))
+            fillPoint(*values, point, labels);
+    };
+    fill(App::isDeg ? "enterPosDeg" : "enterPos", entrancePos, entranceLabels);
+    fill(App::isDeg ? "shiftPosDeg" : "shiftPos", auxiliaryPos, auxiliaryLabels);
+    fill(App::isDeg ? "realPosDeg" : "realPos", jobPos, jobLabels);
+}
+
+/// Takes the values that the robot has from an array of a reply.
+void TechnologyWidget::fillPoint(const Json::Value &values, PositionTexts &point,
+                                 const QVector<QLabel *> &labels)
+{
+    const axes::Model model = axes::modelOf(robot->kinematicType);
+    for (int place = 0; place < model.shown; ++place) {
+        const auto index = static_cast<Json::ArrayIndex>(model.valueAt(place));
+        std::optional<double> value;
+        if (index < values.size())
+            value = wire::asNumber(&values[index]);
+        else if (index == kSent)
+            value = 0.0;
+        if (!value)
+            continue;
+        point[index] = fields::shown(*value);
+        labels.at(place)->setText(point[index]);
+    }
+}
+
+/// Starts or saves an edit. There is nothing to check: the values come from the robot.
+void TechnologyWidget::modifyPosition()
+{
+    pressModify(
+        positionPage(), [] { return true; },
+        [this] {
+            Json::Value body = request::forText(ui->m_pPalletCraftNum);
+            Json::Value &pallet = body["pallet"];
+            pallet["enterPos"] = toJson(entrancePos);
+            pallet["shiftPos"] = toJson(auxiliaryPos);
+            pallet["realPos"] = toJson(jobPos);
+            request::send(message::SetPalletPosition, body);
+            PrintLog::OutputToLog(tr("设置位置信息"), 1);
+        });
+}
+
+void TechnologyWidget::doMoveToEntrancePoint()
+{
+    moveToPoint(entrancePos);
+}
+
+void TechnologyWidget::doMoveToAuxiliaryPoint()
+{
+    moveToPoint(auxiliaryPos);
+}
+
+void TechnologyWidget::doMoveToJobPoint()
+{
+    moveToPoint(jobPos);
+}
