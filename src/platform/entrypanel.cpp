@@ -130,7 +130,7 @@ EntryPanel::EntryPanel(QLineEdit *field, int keyWidth)
     connect(field, &QLineEdit::textChanged, this, &EntryPanel::showOldValue);
     connect(field, &QObject::destroyed, this, &EntryPanel::cancel);
     connect(InputGate::getInstance(), &InputGate::restrictionChanged, this, [this] {
-        if (!m_field || !InputGate::getInstance()->allows(m_field))
+        if (!this->field() || !InputGate::getInstance()->allows(this->field()))
             cancel();
     });
     field->installEventFilter(this);
@@ -176,14 +176,14 @@ void EntryPanel::place()
         setGeometry(QRect(centre - QPoint(size.width() / 2, size.height() / 2), size));
         return;
     }
-    const QRect area = areaOf(m_field, window, size);
+    const QRect area = areaOf(field(), window, size);
     setGeometry(area);
 
     int y = (area.height() - size.height()) / 2;
-    if (m_field) {
+    if (field()) {
         // Leave the field in view where the height allows it.
-        const int field = m_field->mapTo(window, QPoint(0, m_field->height() / 2)).y() - area.top();
-        y = field < area.height() / 2 ? area.height() - size.height() : 0;
+        const QPoint centre = field()->mapTo(window, field()->rect().center());
+        y = centre.y() - area.top() < area.height() / 2 ? area.height() - size.height() : 0;
     }
     m_panel->setGeometry(qMax(0, (area.width() - size.width()) / 2), qMax(0, y), size.width(),
                          size.height());
@@ -203,10 +203,10 @@ QAbstractButton *EntryPanel::addKey(const QString &name, const QString &label, i
 
 void EntryPanel::showOldValue()
 {
-    if (!m_field)
+    if (!field())
         return;
-    const bool hidden = m_field->echoMode() != QLineEdit::Normal;
-    m_oldValue->setText(hidden ? QString() : tr("原值 %1").arg(m_field->text()));
+    const bool hidden = field()->echoMode() != QLineEdit::Normal;
+    m_oldValue->setText(hidden ? QString() : tr("原值 %1").arg(field()->text()));
 }
 
 bool EntryPanel::isFresh() const
@@ -227,7 +227,7 @@ void EntryPanel::refuse(const QString &why)
 
 void EntryPanel::type(const QString &typed)
 {
-    if (!m_field)
+    if (!field())
         return;
     QString candidate = m_preview->text();
     if (m_preview->hasSelectedText())
@@ -238,7 +238,7 @@ void EntryPanel::type(const QString &typed)
         refuse(tr("最多%1个字符").arg(m_preview->maxLength()));
         return;
     }
-    if (stateOf(m_field, candidate) == QValidator::Invalid) {
+    if (stateOf(field(), candidate) == QValidator::Invalid) {
         refuse(tr("此处不能输入“%1”").arg(typed));
         return;
     }
@@ -283,13 +283,13 @@ bool EntryPanel::isAcceptable(const QString &) const
 
 void EntryPanel::confirm()
 {
-    if (m_closed || !m_field)
+    if (m_closed || !field())
         return;
     QString entered = m_preview->text();
-    if (const QValidator *validator = m_field->validator()) {
-        if (stateOf(m_field, entered) != QValidator::Acceptable)
+    if (const QValidator *validator = field()->validator()) {
+        if (stateOf(field(), entered) != QValidator::Acceptable)
             validator->fixup(entered);
-        if (stateOf(m_field, entered) != QValidator::Acceptable) {
+        if (stateOf(field(), entered) != QValidator::Acceptable) {
             refuse(tr("此值不可用，请修改"));
             return;
         }
@@ -297,20 +297,20 @@ void EntryPanel::confirm()
         refuse(tr("此值不可用，请修改"));
         return;
     }
-    const QPointer<QLineEdit> field = m_field;
+    const QPointer<QLineEdit> edit = field();
     dismiss();
-    if (entered != field->text()) {
+    if (entered != edit->text()) {
         // Typed, not set: textEdited() tells the page that the operator did it.
-        field->selectAll();
+        edit->selectAll();
         if (entered.isEmpty())
-            field->del();
+            edit->del();
         else
-            field->insert(entered);
+            edit->insert(entered);
     }
-    if (field)
-        emit field->returnPressed();
-    if (field)
-        emit field->editingFinished();
+    if (edit)
+        emit edit->returnPressed();
+    if (edit)
+        emit edit->editingFinished();
 }
 
 void EntryPanel::cancel()
@@ -325,8 +325,8 @@ void EntryPanel::dismiss()
     m_closed = true;
     if (openPanel == this)
         openPanel = nullptr;
-    if (m_field)
-        m_field->removeEventFilter(this);
+    if (field())
+        field()->removeEventFilter(this);
     hide();
     deleteLater();
 }
@@ -344,7 +344,7 @@ bool EntryPanel::eventFilter(QObject *watched, QEvent *event)
     switch (event->type()) {
     case QEvent::EnabledChange:
     case QEvent::ReadOnlyChange:
-        if (!m_field->isEnabled() || m_field->isReadOnly())
+        if (!field()->isEnabled() || field()->isReadOnly())
             cancel();
         return false;
     case QEvent::Hide:

@@ -25,7 +25,8 @@ public:
     /// The panel on screen; null when none is.
     static EntryPanel *open();
 
-    QLineEdit *field() const { return m_field; }
+    /// Null once the field is being destroyed.
+    QLineEdit *field() const { return qobject_cast<QLineEdit *>(m_field.data()); }
     /// The text of the entry so far.
     QString text() const;
     /// The line that says why a key or OK was refused; empty when nothing is refused.
@@ -78,7 +79,7 @@ private:
     bool takeKey(QKeyEvent *event);
     void showOldValue();
 
-    QPointer<QLineEdit> m_field;
+    QPointer<QObject> m_field; ///< the field; no line edit any more while it is being destroyed
     QWidget *m_panel;
     QLabel *m_oldValue;
     QLabel *m_hint;
