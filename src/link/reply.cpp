@@ -92,12 +92,16 @@ std::optional<Reply> anyRobot(wire::reply::Id id, const QByteArray &body)
 
 bool selectProcessNumber(QComboBox *selector, const Reply &reply)
 {
-    constexpr char kFollowed[] =
-        "followedReply"; // rows before and after a reply moved the selector
     const std::optional<int> number = reply.integer("craftID");
     if (!number || *number > selector->count())
         return true;
-    const int row = std::max(*number, 0) - 1;
+    return followRow(selector, std::max(*number, 0) - 1);
+}
+
+bool followRow(QComboBox *selector, int row)
+{
+    constexpr char kFollowed[] =
+        "followedReply"; // rows before and after a reply moved the selector
     const int before = selector->currentIndex();
     if (row == before) {
         selector->setProperty(kFollowed, QVariant());

@@ -101,6 +101,10 @@ std::optional<Reply> anyRobot(wire::reply::Id id, const QByteArray &body);
 /// dropped.
 bool selectProcessNumber(QComboBox *selector, const Reply &reply);
 
+/// The same for a row that a reply names: sets it, unless that would only take back what the reply
+/// before it selected.
+bool followRow(QComboBox *selector, int row);
+
 /// The errors of the warning checks, shown for 5000 ms with kind 1. The two of the positions end
 /// with a full-width exclamation mark.
 namespace error {

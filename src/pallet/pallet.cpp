@@ -23,6 +23,11 @@ void TechnologyWidget::initPalletTechInterface()
     initTray();
     initMotion();
     initPosition();
+    initWorkpiece();
+    initApproach();
+    initOverlapping();
+    initOverlapExplanations();
+    initPlane();
 }
 
 void TechnologyWidget::return_PalletPage()

@@ -8,6 +8,7 @@
 #include <QStackedWidget>
 #include <QString>
 #include <QVector>
+#include <json/json.h>
 #include <array>
 #include <initializer_list>
 
@@ -15,10 +16,14 @@ namespace Json {
 class Value;
 }
 class BoxPainter;
+class DigitalLineEdit;
 class PromptWidget;
+class QComboBox;
 class QLabel;
 class QTableWidget;
+class QTableWidgetItem;
 class QTimer;
+class Reply;
 class Robot;
 class Ui_TechnologyWidget;
 
@@ -143,6 +148,56 @@ public slots:
     void runToPoint(QStringList values);
     void runToJointPoint(QStringList values);
 
+    // Workpiece: pallet/workpiece.cpp · page 27 · SetPalletWorkpiece, GetPalletWorkpiece
+    void palletWorkpieceParaWidget();
+    void getPalletWorkpieceParameter();
+    void updatePalletWorkpieceParameter(const QByteArray &reply);
+    void modifyWorkpiece();
+
+    // Approach: pallet/approach.cpp · page 28 · SetPalletApproach, GetPalletApproach
+    void palletApproachParaWidget();
+    void updatePalletApproachParameter(const QByteArray &reply);
+    void modifyApproach();
+    void approachWays();
+    void changeApproachOnOffBtnState();
+
+    // Layers: pallet/overlap.cpp, pallet/overlapexplain.cpp · pages 29, 2 to 5, 13, 14 ·
+    // SetPalletOverlap, GetPalletOverlap
+    void palletOverlappingModelWidget();
+    void overlapModeTab(int layers);
+    void on_levelsnum_editingFinished();
+    void updatePalletOverlappingModel(const QByteArray &reply);
+    void modifyOverlapping();
+    void repeatModel();
+    void repeatModeComboBoxShow(int row);
+    void repeatModeEditShow();
+    void on_repeatModeComboBox_activated(int mode);
+    void on_repeatBtn_clicked();
+    void itemChanged(QTableWidgetItem *item);
+    void overlapExplain1();
+    void overlapExplain2();
+    void overlapExplain3();
+    void overlapExplain4();
+    void overlapExplain5();
+    void overlapExplain6();
+    void changeFixedPointHeightBtnState();
+    void changeVerticalAlignmentBtnState();
+    void changeLevelsAutoAlignmentBtnState();
+    void changePoseAutorotationBtnState();
+
+    // Plane pattern: pallet/plane.cpp · page 30 · SetPalletPlane, GetPalletPlane, ConvertPalletPlane
+    void palletPlaneModelWidget();
+    void changePlanePicturesNum();
+    void planeTemplateSelectionWidget();
+    void updatePalletPlaneModel(const QByteArray &reply);
+    void updatePalletChangeModel(const QByteArray &reply);
+    void ranksWholeRotate();
+    void crisscrossWholeRotate();
+    void huiTypeWholeRotate();
+    void modifyPlane();
+    void ranksToCustom();
+    void on_planeModifyBtn_clicked();
+
     // ---- Conveyor tracking: conveyor/conveyor.cpp · pages 6 to 12, 55, 56
     // ------------------------
 
@@ -211,12 +266,24 @@ private:
     void forgetLivePosition();
     void fillPoint(const Json::Value &values, PositionTexts &point,
                    const QVector<QLabel *> &labels);
+    void initWorkpiece();
+    void initApproach();
+    void initOverlapping();
+    void initOverlapExplanations();
+    void takeLayers();
+    void followFirstLayers();
+    void lockRepeatMode();
+    bool acceptOverlapping();
     void initLaserInterface();
     void initBWBTechInterface();
     void openSpecialProcess();
     void inittrackCon();
     void initPolishInterface();
     void initSprayInterface();
+    void initPlane();
+    EditPage planePage() const;
+    Json::Value planeRequest() const;
+    bool fillPlaneHead(const Reply &plane);
     EditPage polishPage() const;
 
     static TechnologyWidget *instance;
@@ -241,6 +308,8 @@ private:
     int locationCanvasZoom = 10; ///< zoom level of the location canvas; 10 is 1:1
     int previewMode = -1; ///< which request the next preview reply answers; -1: none
     QString currentUserCoordsText;
+    QVector<QComboBox *> overlapGraphicCombos; ///< of the layers, made anew with their table
+    QVector<DigitalLineEdit *> overlapHeightEdits;
     int palletMode = 1; ///< as palletstate reads: 0 easy, 1 complete, 2 not set
     QVector<QLabel *> technologyNumberLabels; ///< the process number on the complete chain's pages
     /// The frames of tools 1 to 9 as the controller wrote them: x, y, z, A, B, C. Tools that it has
