@@ -32,6 +32,7 @@ const KindName kKinds[] = {
     {"config", QT_TRANSLATE_NOOP("EventModel", "配置")},
     {"link", QT_TRANSLATE_NOOP("EventModel", "链路")},
     {"key", QT_TRANSLATE_NOOP("EventModel", "按键")},
+    {"controller", QT_TRANSLATE_NOOP("EventModel", "控制器")},
     {"reading", QT_TRANSLATE_NOOP("EventModel", "读取错误")},
 };
 

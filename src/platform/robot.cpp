@@ -86,6 +86,14 @@ void Robot::setTeachMode(int mode)
         d->sendKey("mode", mode, true);
 }
 
+void Robot::jog(int axis, int direction, int coordinate)
+{
+    if (axis == 0)
+        d->sendJog(0, 0, 0);
+    else if (axis >= 1 && axis <= 7 && qAbs(direction) == 1 && (coordinate == 0 || coordinate == 1))
+        d->sendJog(axis, direction, coordinate);
+}
+
 void Robot::selectRobot(int robot)
 {
     if (robot < 1 || robot > MoreRobot::kRobots)
@@ -135,6 +143,27 @@ void Robot::Private::sendKey(const char *name, int value, bool warns)
     key["value"] = value;
     if (!send(wire::Key, wire::writeLine(key)))
         refuse(QStringLiteral("key ") + QString::fromLatin1(name), warns);
+}
+
+// A held key says the same again and again; the journal has it once.
+void Robot::Private::sendJog(int axis, int direction, int coordinate)
+{
+    const QVector<int> asked{axis, direction, coordinate};
+    const bool isNew = jog != asked;
+    jog = asked;
+    if (isNew) {
+        EventLog::getInstance()->record(QStringLiteral("key"),
+                                        {QStringLiteral("jog"), axis, direction, coordinate});
+    }
+    Json::Value key;
+    key["key"] = "jog";
+    key["value"] = axis;
+    if (axis != 0) {
+        key["direction"] = direction;
+        key["coord"] = coordinate;
+    }
+    if (!send(wire::Key, wire::writeLine(key)) && isNew)
+        refuse(QStringLiteral("key jog"), axis != 0);
 }
 
 void Robot::Private::refuse(const QString &what, bool warns)

@@ -62,6 +62,10 @@ public:
     void setDeadman(bool held);
     /// 0: teach; 1: automatic; 2: remote. Another number does nothing.
     void setTeachMode(int mode);
+    /// Moves the current robot by hand for as long as this is said again and again, a few times a
+    /// second: axis 1 to 7 forwards (+1) or backwards (-1), of the arm itself (coordinate 0) or of
+    /// its Cartesian position (1). Axis 0 stops it. Other numbers do nothing.
+    void jog(int axis, int direction, int coordinate);
     /// Tells the controller which robot is worked with; MoreRobot::setCurrentRobot() calls it.
     /// Until that robot's status comes, servo and deadman read as 0.
     void selectRobot(int robot);
@@ -77,6 +81,9 @@ signals:
     void linkChanged(Robot::Link link);
     /// Servo, deadman, mode, kinematic type or the reported ports changed.
     void statusChanged();
+    /// The controller says something to the operator, for instance why an arm does not move; the
+    /// text is on screen already.
+    void controllerSaid(const QString &text);
     /// The controller's IO ports, after each greeting.
     void portsReported(const QStringList &digitalOut, const QStringList &digitalIn,
                        const QStringList &analogOut);

@@ -27,10 +27,13 @@ struct Robot::Private {
 
     bool send(unsigned short id, const QByteArray &body);
     void sendKey(const char *name, int value, bool warns);
+    void sendJog(int axis, int direction, int coordinate);
     void refuse(const QString &what, bool warns);
     void warn();
 
     void applyStatus(const QByteArray &body);
+    /// Shows what a status message says to the operator.
+    void say(const QString &message);
 
     Robot *q;
     LinkTimes times;
@@ -50,4 +53,5 @@ struct Robot::Private {
     int servo = 0;
     int deadman = 0;
     int teachMode = 0;
+    QVector<int> jog; ///< axis, direction and coordinate that were last asked for; empty: none
 };

@@ -1,9 +1,12 @@
 // What arrives: which signal a reply has, and how its body becomes the signal's arguments.
 
+#include "app.h"
+#include "controllerwords.h"
 #include "eventlog.h"
 #include "morerobot.h"
 #include "robot.h"
 #include "robotprivate.h"
+#include "snackbarmessage.h"
 #include "wire/ids.h"
 #include "wire/json.h"
 
@@ -54,6 +57,8 @@ public:
         return values;
     }
 
+    bool hasArray(const char *key) const { return m_root && wire::array(*m_root, key); }
+
     /// The first key that could not be read; null when all could.
     const char *missing() const { return m_missing; }
 
@@ -97,14 +102,16 @@ const char *deliver(Robot &robot, void (Robot::*signal)(int, QByteArray, QByteAr
     return reading.missing();
 }
 
-// {"userNum": int, "inquire": text, "pos": [numbers]}
+// {"userNum": int, "inquire": text, "pos": [numbers], "posDeg": [the same with degrees]}. The pages
+// show the point as it comes, so they get it in the unit that is shown; "posDeg" may be missing.
 const char *deliver(Robot &robot, void (Robot::*signal)(int, QString, QVector<double>),
                     const QByteArray &body)
 {
     Reading reading(body);
     const int number = reading.integer("userNum");
     const QString inquire = reading.text("inquire");
-    const QVector<double> position = reading.numbers("pos");
+    const char *key = App::isDeg && reading.hasArray("posDeg") ? "posDeg" : "pos";
+    const QVector<double> position = reading.numbers(key);
     if (!reading.missing())
         emit(robot.*signal)(number, inquire, position);
     return reading.missing();
@@ -204,8 +211,9 @@ void Robot::receiveMessage(unsigned short id, const QByteArray &body)
         journalUnreadable(id, QString::fromLatin1(missing));
 }
 
-// {"robot": int, "servo": int, "deadman": 0 or 1, "teachMode": 0 to 2, "kinematicType": 1 to 12}.
-// Each key but the first is optional; one that is unreadable or out of range changes nothing.
+// {"robot": int, "servo": int, "deadman": 0 or 1, "teachMode": 0 to 2, "kinematicType": 1 to 12,
+// "message": text}. Each key but the first is optional; one that is unreadable or out of range
+// changes nothing. A message comes in one status only.
 void Robot::Private::applyStatus(const QByteArray &body)
 {
     const std::optional<Json::Value> status = wire::parseObject(body);
@@ -232,4 +240,18 @@ void Robot::Private::applyStatus(const QByteArray &body)
     take("kinematicType", q->kinematicType, 1, 12);
     if (changed)
         emit q->statusChanged();
+    if (const std::optional<QString> message = wire::text(*status, "message"))
+        say(*message);
+}
+
+void Robot::Private::say(const QString &message)
+{
+    constexpr int kShown = 5000; // milliseconds
+    constexpr int kWarning = 3;
+    const QString text = controllerWord(message);
+    if (text.isEmpty())
+        return;
+    EventLog::getInstance()->record(QStringLiteral("controller"), {message.left(kLongestWord)});
+    SnackbarMessage::showMessage(text, kShown, kWarning, true);
+    emit q->controllerSaid(text);
 }

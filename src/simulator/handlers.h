@@ -7,6 +7,7 @@
 #include <vector>
 
 class ParameterStore;
+class RobotCell;
 struct Session;
 
 /// One message of a pendant on its way through its handler.
@@ -16,6 +17,9 @@ struct Request {
     /// Sends a reply to the pendant that asked.
     std::function<void(quint16 id, const Json::Value &body)> reply;
     Session &session; ///< of that pendant
+    RobotCell &cell;
+    /// Tells that pendant a word of armwords.h.
+    std::function<void(const char *word)> tell;
 };
 
 /// Carries a message out. Null when the controller took it, else what is wrong with it, for the
@@ -38,3 +42,5 @@ HandlerTable palletWorkpieceHandlers();
 HandlerTable palletOverlapHandlers();
 HandlerTable palletPlaneHandlers();
 HandlerTable toolFrameHandlers();
+HandlerTable userFrameHandlers();
+HandlerTable armHandlers();

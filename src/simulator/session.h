@@ -1,5 +1,7 @@
 #pragma once
 
+#include "simulator/arm.h"
+
 #include <json/json.h>
 
 /// A layout list that is coming in chunks: nothing of it is stored before it is complete.
@@ -13,7 +15,9 @@ struct LayoutTransfer {
 
 /// What the controller keeps of one connected pendant.
 struct Session {
+    int number = 0; ///< its own; motions belong to it
     int robot = 1; ///< the one it works with; messages that name no robot are about this one
     bool holdsDeadman = false;
+    Jog jog; ///< what was last asked for
     LayoutTransfer transfer;
 };

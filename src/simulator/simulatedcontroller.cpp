@@ -45,12 +45,14 @@ SimulatedController::SimulatedController(QObject *parent) : QObject(parent)
     for (const HandlerTable &table :
          {polishHandlers(), palletModeHandlers(), palletGripperHandlers(), palletTrayHandlers(),
           palletPositionHandlers(), palletWorkpieceHandlers(), palletOverlapHandlers(),
-          palletPlaneHandlers(), toolFrameHandlers()}) {
+          palletPlaneHandlers(), toolFrameHandlers(), userFrameHandlers(), armHandlers()}) {
         for (const HandlerRow &row : table)
             m_handlers.insert(row.id, row.handle);
     }
     connect(&m_server, &QTcpServer::newConnection, this, &SimulatedController::welcome);
     connect(&m_statusTimer, &QTimer::timeout, this, [this] { sendStatus(); });
+    m_motionTimer.setTimerType(Qt::PreciseTimer);
+    connect(&m_motionTimer, &QTimer::timeout, this, &SimulatedController::moveOn);
 }
 
 SimulatedController::~SimulatedController()
@@ -71,6 +73,10 @@ bool SimulatedController::start(const Options &options, QString *error)
         return false;
     }
     m_statusTimer.start(options.statusInterval);
+    if (options.motionInterval > 0) {
+        m_sinceStep.start();
+        m_motionTimer.start(options.motionInterval);
+    }
     return true;
 }
 
@@ -78,6 +84,8 @@ void SimulatedController::stop()
 {
     m_server.close();
     m_statusTimer.stop();
+    m_motionTimer.stop();
+    m_cell.stopAll();
     while (!m_pendants.empty())
         m_pendants.back().connection->close(QStringLiteral("the controller stops"));
     m_store.close();
@@ -91,6 +99,7 @@ void SimulatedController::welcome()
         auto *connection = new wire::Connection(socket, wire::Connection::Role::Controller,
                                                 greeting(), m_timing, this);
         m_pendants.push_back({connection, {}});
+        m_pendants.back().session.number = ++m_sessions;
         connect(connection, &wire::Connection::opened, this, [this, connection] {
             add(Count::Pendants, 1);
             if (const Pendant *pendant = find(connection))
@@ -108,6 +117,8 @@ void SimulatedController::drop(wire::Connection *connection)
 {
     if (!connection->peer().isNull())
         add(Count::Pendants, -1);
+    if (const Pendant *pendant = find(connection))
+        m_cell.release(pendant->session.number);
     m_pendants.erase(std::remove_if(m_pendants.begin(), m_pendants.end(),
                                     [connection](const Pendant &pendant) {
                                         return pendant.connection == connection;
@@ -160,11 +171,17 @@ const char *SimulatedController::carryOut(wire::Connection *connection, quint16 
         body.isEmpty() ? Json::Value(Json::objectValue) : wire::parseObject(body);
     if (!parsed)
         return "the body is no JSON object";
-    Request request{*parsed, m_store,
+    takeTypes();
+    Request request{*parsed,
+                    m_store,
                     [=](quint16 replyId, const Json::Value &replyBody) {
                         reply(connection, id, replyId, replyBody);
                     },
-                    pendant->session};
+                    pendant->session,
+                    m_cell,
+                    [this, pendant, &parsed](const char *word) {
+                        sendStatus(*pendant, envelope::robot(*parsed).value_or(0), word);
+                    }};
     return handle(request);
 }
 
@@ -175,17 +192,53 @@ const char *SimulatedController::takeKey(Pendant &pendant, const QByteArray &bod
     const auto value = [&](int lowest, int highest) {
         return key ? envelope::whole(*key, "value", lowest, highest) : std::nullopt;
     };
-    if (name == QLatin1String("servo") && value(0, 1))
-        m_servo = *value(0, 1) == 1;
-    else if (name == QLatin1String("deadman") && value(0, 1))
-        pendant.session.holdsDeadman = *value(0, 1) == 1;
-    else if (name == QLatin1String("mode") && value(0, 2))
-        m_teachMode = *value(0, 2);
-    else if (name == QLatin1String("robot") && value(1, kRobots))
-        pendant.session.robot = *value(1, kRobots);
-    else
+    Session &session = pendant.session;
+    if (name == QLatin1String("servo") && value(0, 1)) {
+        m_cell.setServo(*value(0, 1) == 1);
+    } else if (name == QLatin1String("deadman") && value(0, 1)) {
+        session.holdsDeadman = *value(0, 1) == 1;
+        if (!session.holdsDeadman)
+            m_cell.release(session.number);
+    } else if (name == QLatin1String("mode") && value(0, 2)) {
+        m_cell.setMode(*value(0, 2));
+    } else if (name == QLatin1String("robot") && value(1, kRobots)) {
+        session.robot = *value(1, kRobots);
+        m_cell.release(session.number); // what it no longer looks at stands still
+    } else if (name == QLatin1String("jog") && value(0, kAxes)) {
+        return takeJog(pendant, *key);
+    } else {
         return "no such key or value";
+    }
     sendStatus();
+    return nullptr;
+}
+
+// {"key": "jog", "value": axis 1 to 7, "direction": 1 or -1, "coord": 0 or 1}, again and again
+// while the key is held; {"key": "jog", "value": 0} when it is let go.
+const char *SimulatedController::takeJog(Pendant &pendant, const Json::Value &key)
+{
+    Session &session = pendant.session;
+    Jog jog;
+    jog.axis = envelope::whole(key, "value", 0, kAxes).value_or(0);
+    if (jog.axis == 0) {
+        session.jog = jog;
+        m_cell.release(session.number);
+        return nullptr;
+    }
+    const std::optional<int> direction = envelope::whole(key, "direction", -1, 1);
+    const std::optional<int> coordinate = envelope::whole(key, "coord", 0, 1);
+    if (!direction || *direction == 0 || !coordinate)
+        return "direction or coord";
+    jog.direction = *direction;
+    jog.coordinate = *coordinate;
+    // What was refused or has ended is not begun again by a key that is merely still held.
+    const bool isRepeated = session.jog == jog;
+    session.jog = jog;
+    takeTypes();
+    if (isRepeated && !m_cell.arm(session.robot).isMoving())
+        return nullptr;
+    if (const char *word = m_cell.jog(session.robot, jog, session.number, session.holdsDeadman))
+        sendStatus(pendant, session.robot, word);
     return nullptr;
 }
 
@@ -241,21 +294,55 @@ void SimulatedController::sendStatus()
         sendStatus(pendant);
 }
 
-void SimulatedController::sendStatus(const Pendant &pendant)
+/// With a word, that word is about `robot`, or about the pendant's own robot for 0.
+void SimulatedController::sendStatus(const Pendant &pendant, int robot, const char *word)
 {
     const bool deadman = std::any_of(m_pendants.begin(), m_pendants.end(),
                                      [](const Pendant &each) { return each.session.holdsDeadman; });
+    const int about = robot == 0 ? pendant.session.robot : robot;
     Json::Value status;
-    status["robot"] = pendant.session.robot;
-    status["servo"] = m_servo ? kServoOn : kServoOff;
+    status["robot"] = about;
+    status["servo"] = m_cell.servo() ? kServoOn : kServoOff;
     status["deadman"] = deadman ? 1 : 0;
-    status["teachMode"] = m_teachMode;
+    status["teachMode"] = m_cell.mode();
     {
         const QMutexLocker lock(&m_mutex);
-        status["kinematicType"] =
-            m_kinematicTypes.at(static_cast<size_t>(pendant.session.robot - 1));
+        status["kinematicType"] = m_kinematicTypes.at(static_cast<size_t>(about - 1));
     }
+    if (word)
+        status["message"] = word;
     pendant.connection->send(wire::Status, wire::writeLine(status));
+}
+
+// ---- arms ---------------------------------------------------------------------------------------
+
+/// The types may be set on another thread; the arms belong to this one.
+void SimulatedController::takeTypes()
+{
+    const QMutexLocker lock(&m_mutex);
+    for (int robot = 1; robot <= kRobots; ++robot)
+        m_cell.setType(robot, m_kinematicTypes.at(static_cast<size_t>(robot - 1)));
+}
+
+void SimulatedController::stepArms(double seconds)
+{
+    takeTypes();
+    for (const RobotCell::Stopped &stopped : m_cell.step(seconds)) {
+        for (const Pendant &pendant : m_pendants) {
+            if (pendant.session.number == stopped.owner)
+                sendStatus(pendant, stopped.robot, stopped.word);
+        }
+    }
+}
+
+// A step is never longer than a tenth of a second: what a stalled process has missed of a motion
+// is not caught up in one leap.
+void SimulatedController::moveOn()
+{
+    constexpr qint64 kLongest = 100;
+    const qint64 elapsed = std::min(m_sinceStep.restart(), kLongest);
+    if (m_cell.isMoving())
+        stepArms(static_cast<double>(elapsed) / 1000.0);
 }
 
 // ---- safe from any thread -----------------------------------------------------------------------

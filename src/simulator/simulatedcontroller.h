@@ -3,9 +3,11 @@
 #include "simulator/fault.h"
 #include "simulator/handlers.h"
 #include "simulator/parameterstore.h"
+#include "simulator/robotcell.h"
 #include "simulator/session.h"
 #include "wire/connection.h"
 
+#include <QElapsedTimer>
 #include <QHash>
 #include <QMutex>
 #include <QTcpServer>
@@ -20,13 +22,14 @@
 class SimulatedController : public QObject {
     Q_OBJECT
 public:
-    static constexpr int kRobots = 4;
+    static constexpr int kRobots = RobotCell::kRobots;
 
     struct Options {
         QString directory; ///< of the parameter store; made when it is missing
         quint16 port = 0; ///< 0: any free one
         wire::Timing timing;
         int statusInterval = 200; ///< milliseconds between two status messages
+        int motionInterval = 20; ///< milliseconds between two steps of the arms; 0: stepArms() only
     };
 
     explicit SimulatedController(QObject *parent = nullptr);
@@ -38,6 +41,10 @@ public:
     void stop();
     /// The port it listens on; 0 when it does not.
     quint16 port() const { return m_server.serverPort(); }
+
+    /// Lets the arms move for that time, in seconds.
+    void stepArms(double seconds);
+    const RobotCell &cell() const { return m_cell; }
 
     // ---- safe from any thread -------------------------------------------------------------------
     /// How it misbehaves on that message from now on. `milliseconds` delays a late reply.
@@ -78,10 +85,13 @@ private:
     void take(wire::Connection *connection, quint16 id, const QByteArray &body);
     const char *carryOut(wire::Connection *connection, quint16 id, const QByteArray &body);
     const char *takeKey(Pendant &pendant, const QByteArray &body);
+    const char *takeJog(Pendant &pendant, const Json::Value &key);
+    void takeTypes();
+    void moveOn();
     void reply(wire::Connection *connection, quint16 request, quint16 id, const Json::Value &body);
     Fault faultFor(quint16 id, bool forReply, int *milliseconds = nullptr);
     void sendStatus();
-    void sendStatus(const Pendant &pendant);
+    void sendStatus(const Pendant &pendant, int robot = 0, const char *word = nullptr);
     void add(Count count, int number);
     int value(Count count) const;
 
@@ -92,8 +102,10 @@ private:
     wire::Timing m_timing;
     std::vector<Pendant> m_pendants;
 
-    bool m_servo = false;
-    int m_teachMode = 0;
+    RobotCell m_cell;
+    QTimer m_motionTimer{this};
+    QElapsedTimer m_sinceStep;
+    int m_sessions = 0; ///< counted, so that each has a number of its own
 
     mutable QMutex m_mutex; ///< for what follows
     QHash<quint16, FaultState> m_faults;

@@ -1,0 +1,10 @@
+#pragma once
+
+#include <QString>
+
+/// Longest message of a controller that is shown, in characters.
+constexpr int kLongestWord = 200;
+
+/// What a message of the controller's status says, for the screen: a known word in the language of
+/// the screen, anything else as it came, cut to kLongestWord.
+QString controllerWord(const QString &message);
