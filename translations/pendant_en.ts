@@ -33,6 +33,29 @@
     </message>
 </context>
 <context>
+    <name>Controller</name>
+    <message>
+        <source>未动作：请上电并按住使能键</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>点动只能在示教模式下进行</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>未动作：目标点不可达</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>已停止：轴到达限位</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>机器人没有该轴</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
     <name>EntryPanel</name>
     <message>
         <source>输入</source>
@@ -143,6 +166,10 @@
     <message>
         <source>内容</source>
         <translation>Content</translation>
+    </message>
+    <message>
+        <source>控制器</source>
+        <translation type="unfinished"></translation>
     </message>
 </context>
 <context>
@@ -801,7 +828,7 @@ controller</translation>
     </message>
     <message>
         <source>码垛参数</source>
-        <translation>Palletising parameters</translation>
+        <translation>Parameters</translation>
     </message>
     <message>
         <source>位置调试</source>
@@ -1134,6 +1161,746 @@ controller</translation>
     <message>
         <source>保存</source>
         <translation>Save</translation>
+    </message>
+    <message>
+        <source>固定放货点高度</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>关闭</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>上一页</source>
+        <translation>Previous</translation>
+    </message>
+    <message>
+        <source>下一页</source>
+        <translation>Next</translation>
+    </message>
+    <message>
+        <source>竖直方向排列</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>打开后，一个位置先码满所有层，再码下一个位置。每一层的图形因此必须一样，重复关系固定为“相同”。</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>层自动对齐</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>打开后，大小不同的各层对齐到同一条中线上。关闭时，每一层都按自己图形里的位置码放。</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>姿态自动旋转</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>打开后，工件在图形里转过的角度，抓手也跟着转。关闭时，抓手的姿态保持不变。</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>重复关系：相同、交替</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>相同</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>交替</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>相同：所有层使用第1层的图形和高度修正。交替：奇数层跟随第1层，偶数层跟随第2层。</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>重复关系：自定义</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>自定义</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>“重复”按钮</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>自定义：每一层的图形单独选择。在表中选中一层再按“重复”，它下面的各层就从这一层起依次重复；选中第1层时，所有层都使用第1层的图形。高度修正不变。</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>工件参数</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>工艺号:1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>工件尺寸</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>长（托盘Y方向）(mm)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>工件长</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>宽（托盘X方向）(mm)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>工件宽</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>高（托盘Z方向）(mm)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>工件高</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>工件间隙</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>托盘X方向间隙(mm)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>托盘X方向间隙</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>托盘Y方向间隙(mm)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>托盘Y方向间隙</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>取消</source>
+        <translation>Cancel</translation>
+    </message>
+    <message>
+        <source>接近参数</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>接近方式</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>接近使能</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>下降接近</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>接近下降</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>接近长度</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>托盘X方向长度(mm)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>托盘X方向长度</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>托盘Y方向长度(mm)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>托盘Y方向长度</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>托盘Z方向长度(mm)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>托盘Z方向长度</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>重叠模式</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>说明</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>层与重复</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>层数</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>重复关系</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>重复</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>码放方式</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>放货点高度补偿(mm)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>放货点高度补偿</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>完整码垛</source>
+        <translation>Complete</translation>
+    </message>
+    <message>
+        <source>依次设置下列各页，或直接进入其中一页</source>
+        <translation>Set up these pages one after the other, or go straight to one of them</translation>
+    </message>
+    <message>
+        <source>1  抓手设置</source>
+        <translation>1  Grippers</translation>
+    </message>
+    <message>
+        <source>2  托盘设置</source>
+        <translation>2  Tray</translation>
+    </message>
+    <message>
+        <source>3  位置设置</source>
+        <translation>3  Positions</translation>
+    </message>
+    <message>
+        <source>4  工件参数</source>
+        <translation>4  Workpiece</translation>
+    </message>
+    <message>
+        <source>5  接近参数</source>
+        <translation>5  Approach</translation>
+    </message>
+    <message>
+        <source>6  重叠模式</source>
+        <translation>6  Layers</translation>
+    </message>
+    <message>
+        <source>7  平面模式</source>
+        <translation>7  Pattern</translation>
+    </message>
+    <message>
+        <source>开始设置</source>
+        <translation>Start</translation>
+    </message>
+    <message>
+        <source>抓手设置</source>
+        <translation>Grippers</translation>
+    </message>
+    <message>
+        <source>抓手个数</source>
+        <translation>Number of grippers</translation>
+    </message>
+    <message>
+        <source>工具坐标：位置 mm，姿态 rad</source>
+        <translation>Tool frame: position in mm, orientation in rad</translation>
+    </message>
+    <message>
+        <source>工具号</source>
+        <translation>Tool no.</translation>
+    </message>
+    <message>
+        <source>抓手1</source>
+        <translation>Gripper 1</translation>
+    </message>
+    <message>
+        <source>抓手2</source>
+        <translation>Gripper 2</translation>
+    </message>
+    <message>
+        <source>抓手3</source>
+        <translation>Gripper 3</translation>
+    </message>
+    <message>
+        <source>抓手4</source>
+        <translation>Gripper 4</translation>
+    </message>
+    <message>
+        <source>托盘设置</source>
+        <translation>Tray</translation>
+    </message>
+    <message>
+        <source>用户坐标系</source>
+        <translation>User coordinates</translation>
+    </message>
+    <message>
+        <source>标定点</source>
+        <translation>Calibration points</translation>
+    </message>
+    <message>
+        <source>托盘原点</source>
+        <translation>Origin</translation>
+    </message>
+    <message>
+        <source>标记</source>
+        <translation>Mark</translation>
+    </message>
+    <message>
+        <source>托盘X方向</source>
+        <translation>X direction</translation>
+    </message>
+    <message>
+        <source>托盘Y方向</source>
+        <translation>Y direction</translation>
+    </message>
+    <message>
+        <source>将机器人依次移到三个点并标记，再计算托盘的用户坐标系</source>
+        <translation>Move the robot to each of the three points and mark it, then calculate the user coordinates of the tray</translation>
+    </message>
+    <message>
+        <source>计算</source>
+        <translation>Calculate</translation>
+    </message>
+    <message>
+        <source>简易码垛</source>
+        <translation>Easy</translation>
+    </message>
+    <message>
+        <source>2  位置设置</source>
+        <translation>2  Positions</translation>
+    </message>
+    <message>
+        <source>码垛类型</source>
+        <translation>Palletising type</translation>
+    </message>
+    <message>
+        <source>选择当前工艺号的码垛模式</source>
+        <translation>Choose the palletising mode of this process number</translation>
+    </message>
+    <message>
+        <source>已设定为完整码垛</source>
+        <translation>Set to complete mode</translation>
+    </message>
+    <message>
+        <source>复制参数</source>
+        <translation>Copy</translation>
+    </message>
+    <message>
+        <source>清空参数</source>
+        <translation>Clear</translation>
+    </message>
+    <message>
+        <source>图形编号</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>图形模板</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>行列</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>纵横交错</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>回字型</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>X平移补偿</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Y平移补偿</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>X方向个数</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>行列X方向个数</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>个</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Y方向个数</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>行列Y方向个数</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>整体旋转（°）</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>0</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>90</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>180</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>-90</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>单件旋转（°）</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>转换为自定义</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>纵横交错X方向个数</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>纵横交错Y方向个数</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>工件总数</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>拖拽设置</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>预览</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>接近方向说明</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>上移</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>下移</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>页</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>/1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>结束</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>复制图形</source>
+        <translation type="unfinished">Copy pattern</translation>
+    </message>
+    <message>
+        <source>位置标定</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>位置 mm，姿态 rad</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>示教点</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>当前位置</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>入口点</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>标定为当前位置</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>运动到该点</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>辅助点</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>作业点</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>坐标系</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>关节</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>点位</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>nan</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>托盘X方向长度参数有误!</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>托盘Y方向长度参数有误!</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>托盘Z方向长度参数有误!</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>设置接近信息</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>直角</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>工具</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>设置抓手信息</source>
+        <translation>Gripper settings saved</translation>
+    </message>
+    <message>
+        <source>层</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>高度修正</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>第%1层高度修正</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>已设定为简易码垛</source>
+        <translation>Set to easy mode</translation>
+    </message>
+    <message>
+        <source>未设定</source>
+        <translation>Not set</translation>
+    </message>
+    <message>
+        <source>切换成功,当前为简易码垛模式</source>
+        <translation>Changed: easy mode is in force</translation>
+    </message>
+    <message>
+        <source>切换成功,当前为完整码垛模式</source>
+        <translation>Changed: complete mode is in force</translation>
+    </message>
+    <message>
+        <source>工艺号:%1</source>
+        <translation>Process no. %1</translation>
+    </message>
+    <message>
+        <source>工艺号%1</source>
+        <translation>process no. %1</translation>
+    </message>
+    <message>
+        <source>请上电！</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>放货点高度补偿参数有误!</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>高度修正值范围为[-5000-5000]!</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>设置重叠模式</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>X方向平移距离参数有误!</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Y方向平移距离参数有误!</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>行列X方向个数参数有误!</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>行列Y方向个数参数有误!</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>纵横交错X方向个数参数有误!</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>纵横交错Y方向个数参数有误!</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>X自动平移距离%1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Y自动平移距离%1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>自定义图形不能在此保存</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>设置平面模式</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>位置 mm，姿态 °</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>设置位置信息</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>操作失败，请重新标定！</source>
+        <translation>Failed, please calibrate again</translation>
+    </message>
+    <message>
+        <source>接收用户坐标标定成功</source>
+        <translation>User coordinates calibrated</translation>
+    </message>
+    <message>
+        <source>计算失败，请重新标定!</source>
+        <translation>Calculation failed, please calibrate again</translation>
+    </message>
+    <message>
+        <source>接收用户坐标标定失败</source>
+        <translation>User coordinates could not be calibrated</translation>
+    </message>
+    <message>
+        <source>设置托盘信息</source>
+        <translation>Tray settings saved</translation>
+    </message>
+    <message>
+        <source>发送切换用户坐标 userNum=%1</source>
+        <translation>User coordinates switched, userNum=%1</translation>
+    </message>
+    <message>
+        <source>用户坐标切换成功！当前为：</source>
+        <translation>User coordinates switched, now: </translation>
+    </message>
+    <message>
+        <source>工件尺寸长参数有误!</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>工件尺寸长应不超过5000!</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>工件尺寸宽参数有误!</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>工件尺寸宽应不超过5000!</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>工件尺寸高参数有误!</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>工件尺寸高应不超过5000!</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>托盘X方向间隙参数有误!</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>托盘X方向间隙应不超过3000!</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>托盘Y方向间隙参数有误!</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>托盘Y方向间隙应不超过3000!</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>设置工件信息</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>打开后，每一层都在同一个高度松开工件。关闭时，松开工件的高度随层数升高。</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>完整码垛导航</source>
+        <translation>Complete mode</translation>
+    </message>
+    <message>
+        <source>简易码垛导航</source>
+        <translation>Easy mode</translation>
     </message>
 </context>
 <context>

@@ -83,8 +83,7 @@ Json::Value setMode(const Form *ui, int mode)
 void TechnologyWidget::initPalletMode()
 {
     setReturnButtonSheet({ui->palletTypeReturn, ui->palletNavigationReturn,
-                          ui->palletNavigationStart, ui->PalletEasyNavigationReturn,
-                          ui->PalletEasyNavigationStart});
+                          ui->palletNavigationStart, ui->PalletEasyNavigationReturn});
 
     // The labels stand on the pages of the whole chain, one to a page.
     for (int i = 1; i <= 10; ++i) {

@@ -137,7 +137,7 @@ EditPage TechnologyWidget::trayPage() const
 void TechnologyWidget::palletSetTrayWidget()
 {
     showTitleAndPage(page::PalletTray);
-    ui->trayUnitNote->setText(App::isDeg ? tr("位置 mm，姿态 °") : tr("位置 mm，姿态 rad"));
+    ui->trayUnitNote->setText(App::isDeg ? QStringLiteral("mm / °") : QStringLiteral("mm / rad"));
     showViewState(trayPage());
     request::send(message::GetPalletTray, request::forRow(ui->m_pPalletCraftNum));
 }
