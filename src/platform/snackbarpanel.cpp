@@ -17,7 +17,7 @@
 
 namespace {
 
-constexpr int kMargin = 8;
+constexpr int kMargin = 4;
 constexpr int kBadge = 84; ///< width of the block with symbol and word
 constexpr int kMinHeight = 46;
 constexpr int kReplacedTime = 3000; ///< ms for an endless message whose successor waits
@@ -98,13 +98,14 @@ void drawMark(QPainter &painter, const QRectF &box, bool warns)
     painter.drawRoundedRect(QRectF(x - 1.25, warns ? y - 6 : y - 1.5, 2.5, 7.5), 1.2, 1.2);
 }
 
-/// The messages of the pendant's screen stand at the foot of its content area, beside the keys.
+/// The messages of the pendant's screen stand at its foot: beside the keys, and over the status bar
+/// rather than over the buttons that most pages have at their lower edge.
 QRect footOf(const QWidget *host)
 {
     if (host->size() != QSize(DisplaySize::width, DisplaySize::height))
         return host->rect();
     return {DisplaySize::widgetX, DisplaySize::widgetY, DisplaySize::contentWidth,
-            DisplaySize::contentHeight};
+            DisplaySize::height - DisplaySize::widgetY};
 }
 
 QPointer<SnackbarStack> currentStack;
