@@ -54,7 +54,7 @@ bool Tour::run()
         if (!Language::getInstance()->setCurrent(language))
             return fail(QStringLiteral("the language %1 cannot be had").arg(language));
         if (!visitPackages(language) || !visitHostedPages() || !visitApplicationPages()
-            || !setUpPolishing())
+            || !setUpPolishing() || !walkPalletChain())
             return false;
     }
     QTextStream(stdout) << m_pictures << " pictures in " << m_directory << Qt::endl;
@@ -133,6 +133,38 @@ bool Tour::setUpPolishing()
         return false;
     picture(QStringLiteral("polish-read-again"), m_pendant.pages());
     return touch(QStringLiteral("btnPolishReturn")) && touch(QStringLiteral("m_pBtnPolishReturn"));
+}
+
+/// Opens craft 2 in complete mode and turns the pages of the chain to its end and back to the menu.
+bool Tour::walkPalletChain()
+{
+    if (!touch(QStringLiteral("BtnPalletTech")) || !touch(QStringLiteral("BtnPalletType"))
+        || !chooseRow(QStringLiteral("m_pPalletCraftNum"), 1))
+        return false;
+    picture(QStringLiteral("pallet-type"));
+    if (!touch(QStringLiteral("BtnPalletComplete")))
+        return false;
+    picture(QStringLiteral("pallet-navigation"));
+    for (const char *button :
+         {"palletNavigationStart", "tongsPageDown", "trayPageDown", "positionPageDown",
+          "workpiecePageDown", "approachPageDown", "overlappingExplainBtn",
+          "overlapExplainReturnBtn1", "overlappingPageDown", "planeModifyBtn"}) {
+        if (!touch(QLatin1String(button)))
+            return false;
+        picture(QLatin1String("pallet-") + QLatin1String(button));
+    }
+    for (int type = 1; type <= 3; ++type) {
+        if (!chooseRow(QStringLiteral("planeTemplateComboBox"), type))
+            return false;
+        picture(QStringLiteral("pallet-template-%1").arg(type));
+    }
+    for (const char *button :
+         {"planeModifyCancelBtn", "returnNavigationBtn7", "palletNavigationReturn",
+          "palletTypeReturn", "m_pBtnPalletTechReturn"}) {
+        if (!touch(QLatin1String(button)))
+            return false;
+    }
+    return true;
 }
 
 bool Tour::touch(const QString &objectName)

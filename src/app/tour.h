@@ -21,6 +21,7 @@ private:
     bool visitHostedPages();
     bool visitApplicationPages();
     bool setUpPolishing();
+    bool walkPalletChain();
 
     /// Touches the visible, enabled widget of that name at its middle. Something that lies over it
     /// makes the step fail.
