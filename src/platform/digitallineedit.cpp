@@ -4,6 +4,8 @@
 
 #include <QFocusEvent>
 #include <QMouseEvent>
+#include <QPointer>
+#include <QSignalBlocker>
 
 namespace {
 
@@ -68,7 +70,24 @@ void DigitalLineEdit::focusInEvent(QFocusEvent *event)
 
 void DigitalLineEdit::focusOutEvent(QFocusEvent *event)
 {
-    QLineEdit::focusOutEvent(event);
-    if (m_edited && !comesBack(event))
+    // Whether a field that is left says editingFinished() differs among the versions of Qt: 5.15
+    // says it of an untouched field too, and all say it when only the window loses the focus.
+    const QString text = this->text();
+    const bool hadSelection = hasSelectedText();
+    {
+        const QSignalBlocker blocker(this);
+        QLineEdit::focusOutEvent(event);
+    }
+    if (this->text() != text) // mended by the validator
+        emit textChanged(this->text());
+    if (hasSelectedText() != hadSelection)
+        emit selectionChanged();
+    if (!m_edited || comesBack(event))
+        return;
+    m_edited = false;
+    const QPointer<DigitalLineEdit> alive = this;
+    if (hasAcceptableInput())
+        emit editingFinished();
+    if (alive)
         finish();
 }

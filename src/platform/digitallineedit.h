@@ -5,6 +5,9 @@
 /// A numeric field. A touch opens the numeric keypad over the page; a keyboard types into it as
 /// into any line edit.
 ///
+/// editingFinished() is emitted on the same occasions as finishType(), with every version of Qt,
+/// and as in any line edit not for a text that the validator refuses.
+///
 /// The keypad's title is made of the properties "fieldName" and "fieldUnit" (texts), else of the
 /// accessible name.
 class DigitalLineEdit : public QLineEdit {

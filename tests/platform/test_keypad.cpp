@@ -26,6 +26,10 @@ private slots:
     void enterThenLeavingIsOneEntry();
     void aSlotThatDisablesTheFieldGetsOneEntry();
     void anUnacceptableTextIsNotFinishedByEnter();
+    void editingFinishedIsForEntriesOnly();
+    void aTapWithoutAnEntryIsNotEditing();
+    void anUnacceptableTextThatIsLeftIsNotEditing();
+    void aSlotMayDeleteTheFieldThatIsLeft();
 
     void aTouchOpensTheKeypad();
     void disabledAndReadOnlyFieldsOpenNone();
@@ -200,6 +204,81 @@ void TestKeypad::anUnacceptableTextIsNotFinishedByEnter()
     QTest::keyClicks(m_field, QStringLiteral("2"));
     QTest::keyClick(m_field, Qt::Key_Return);
     QCOMPARE(finished.count(), 1);
+}
+
+void TestKeypad::editingFinishedIsForEntriesOnly()
+{
+    QSignalSpy edited(m_field, &QLineEdit::editingFinished);
+    m_field->setFocus();
+    m_other->setFocus();
+    QCOMPARE(edited.count(), 0);
+    m_field->setFocus();
+    m_field->setText(QStringLiteral("99")); // by the program
+    m_other->setFocus();
+    QCOMPARE(edited.count(), 0);
+    m_field->setFocus();
+    QTest::keyClicks(m_field, QStringLiteral("7"));
+    m_other->setFocus();
+    QCOMPARE(edited.count(), 1);
+    m_field->setFocus();
+    QTest::keyClicks(m_field, QStringLiteral("8"));
+    QTest::keyClick(m_field, Qt::Key_Return);
+    QCOMPARE(edited.count(), 2);
+    m_other->setFocus();
+    QCOMPARE(edited.count(), 2);
+
+    // the window goes and comes back in the middle of an entry
+    m_field->setFocus();
+    QTest::keyClicks(m_field, QStringLiteral("9"));
+    QFocusEvent leave(QEvent::FocusOut, Qt::ActiveWindowFocusReason);
+    QApplication::sendEvent(m_field, &leave);
+    QCOMPARE(edited.count(), 2);
+    QFocusEvent back(QEvent::FocusIn, Qt::ActiveWindowFocusReason);
+    QApplication::sendEvent(m_field, &back);
+    m_other->setFocus();
+    QCOMPARE(edited.count(), 3);
+}
+
+void TestKeypad::aTapWithoutAnEntryIsNotEditing()
+{
+    QSignalSpy edited(m_field, &QLineEdit::editingFinished);
+    QSignalSpy selected(m_field, &QLineEdit::selectionChanged);
+    QTest::mouseClick(m_field, Qt::LeftButton);
+    QVERIFY(isOpen());
+    touch("key_cancel");
+    QVERIFY(m_field->hasSelectedText());
+    selected.clear();
+    m_other->setFocus();
+    QCOMPARE(edited.count(), 0);
+    QVERIFY(!m_field->hasSelectedText());
+    QCOMPARE(selected.count(), 1);
+}
+
+void TestKeypad::anUnacceptableTextThatIsLeftIsNotEditing()
+{
+    m_field->setValidator(
+        new QRegularExpressionValidator(QRegularExpression(QStringLiteral("[1-9][0-9]")), m_field));
+    QSignalSpy edited(m_field, &QLineEdit::editingFinished);
+    m_field->setFocus();
+    m_field->clear();
+    QTest::keyClicks(m_field, QStringLiteral("4"));
+    m_other->setFocus();
+    QCOMPARE(edited.count(), 0);
+}
+
+void TestKeypad::aSlotMayDeleteTheFieldThatIsLeft()
+{
+    auto *field = new DigitalLineEdit(m_window);
+    field->show();
+    connect(field, &QLineEdit::editingFinished, m_window, [field] { field->deleteLater(); });
+    int finished = 0;
+    connect(field, &DigitalLineEdit::finishType, m_window, [&finished] { ++finished; });
+    QPointer<DigitalLineEdit> alive = field;
+    field->setFocus();
+    QTest::keyClicks(field, QStringLiteral("7"));
+    m_other->setFocus();
+    QCOMPARE(finished, 1);
+    QTRY_VERIFY(!alive);
 }
 
 void TestKeypad::aTouchOpensTheKeypad()
