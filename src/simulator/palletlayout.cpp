@@ -66,16 +66,16 @@ std::vector<Piece> ranks(const Template &layer, const WorkpieceSize &size)
 std::vector<Piece> crisscross(const Template &layer, const WorkpieceSize &size)
 {
     std::vector<Piece> pieces;
-    double low = 0;
-    for (int row = 0; row < layer.numY; ++row) {
+    double begin = 0;
+    for (int row = 0; row < layer.numX; ++row) {
         const double angle = layer.single + (row % 2) * 90;
         const Extent piece = extentAt(angle, size);
-        const double step = piece.x + size.gapX;
-        for (int column = 0; column < layer.numX; ++column) {
-            const double fromMiddle = column - (layer.numX - 1) / 2.0;
-            pieces.push_back({fromMiddle * step, low + piece.y / 2, angle});
+        const double step = piece.y + size.gapY;
+        for (int place = 0; place < layer.numY; ++place) {
+            const double fromMiddle = place - (layer.numY - 1) / 2.0;
+            pieces.push_back({begin + piece.x / 2, fromMiddle * step, angle});
         }
-        low += piece.y + size.gapY;
+        begin += piece.x + size.gapX;
     }
     return pieces;
 }

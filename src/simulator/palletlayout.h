@@ -26,8 +26,8 @@ struct Piece {
 struct Template {
     enum Type {
         Ranks = 0, ///< numX along X by numY along Y, all alike
-        Crisscross = 1, ///< numY rows along Y of numX pieces each; every second row is turned by
-                        ///< 90 degrees. Rows of different lengths share their middle.
+        Crisscross = 1, ///< numX rows, one behind the other along X, of numY pieces each; every
+                        ///< second row is turned by 90 degrees. All rows have the same middle.
         Hui = 2 ///< four pieces around a hole, each turned by 90 degrees against the one before
     };
     Type type;
