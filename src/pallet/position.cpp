@@ -69,6 +69,11 @@ void TechnologyWidget::initPosition()
         {ui->moveToJobPoint, &TechnologyWidget::doMoveToJobPoint},
         {ui->positionModifyBtn, &TechnologyWidget::modifyPosition},
         {ui->positionModifyCancelBtn, &TechnologyWidget::palletSetPositionWidget},
+        {ui->setPositionBtn, &TechnologyWidget::palletSetPositionWidget},
+        {ui->trayPageDown, &TechnologyWidget::palletSetPositionWidget},
+        {ui->positionPageUp, &TechnologyWidget::palletSetTrayWidget},
+        {ui->positionPageDown, &TechnologyWidget::palletWorkpieceParaWidget},
+        {ui->returnNavigationBtn3, &TechnologyWidget::showPalletCompleteWidget},
     };
     for (const auto &way : ways)
         connect(way.button, &QPushButton::clicked, this, way.slot);
