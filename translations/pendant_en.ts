@@ -1640,55 +1640,55 @@ controller</translation>
     </message>
     <message>
         <source>位置标定</source>
-        <translation type="unfinished"></translation>
+        <translation>Position teaching</translation>
     </message>
     <message>
         <source>位置 mm，姿态 rad</source>
-        <translation type="unfinished"></translation>
+        <translation>Position mm, angles rad</translation>
     </message>
     <message>
         <source>示教点</source>
-        <translation type="unfinished"></translation>
+        <translation>Taught points</translation>
     </message>
     <message>
         <source>当前位置</source>
-        <translation type="unfinished"></translation>
+        <translation>Current</translation>
     </message>
     <message>
         <source>入口点</source>
-        <translation type="unfinished"></translation>
+        <translation>Entrance</translation>
     </message>
     <message>
         <source>标定为当前位置</source>
-        <translation type="unfinished"></translation>
+        <translation>Set to current</translation>
     </message>
     <message>
         <source>运动到该点</source>
-        <translation type="unfinished"></translation>
+        <translation>Move to this point</translation>
     </message>
     <message>
         <source>辅助点</source>
-        <translation type="unfinished"></translation>
+        <translation>Auxiliary</translation>
     </message>
     <message>
         <source>作业点</source>
-        <translation type="unfinished"></translation>
+        <translation>Job</translation>
     </message>
     <message>
         <source>坐标系</source>
-        <translation type="unfinished"></translation>
+        <translation>Coordinates</translation>
     </message>
     <message>
         <source>关节</source>
-        <translation type="unfinished"></translation>
+        <translation>Joint</translation>
     </message>
     <message>
         <source>点位</source>
-        <translation type="unfinished"></translation>
+        <translation>Stored</translation>
     </message>
     <message>
         <source>nan</source>
-        <translation type="unfinished"></translation>
+        <translation>nan</translation>
     </message>
     <message>
         <source>托盘X方向长度参数有误!</source>
@@ -1708,11 +1708,11 @@ controller</translation>
     </message>
     <message>
         <source>直角</source>
-        <translation type="unfinished"></translation>
+        <translation>Cartesian</translation>
     </message>
     <message>
         <source>工具</source>
-        <translation type="unfinished"></translation>
+        <translation>Tool</translation>
     </message>
     <message>
         <source>设置抓手信息</source>
@@ -1756,7 +1756,7 @@ controller</translation>
     </message>
     <message>
         <source>请上电！</source>
-        <translation type="unfinished"></translation>
+        <translation>Please power on!</translation>
     </message>
     <message>
         <source>放货点高度补偿参数有误!</source>
@@ -1812,11 +1812,11 @@ controller</translation>
     </message>
     <message>
         <source>位置 mm，姿态 °</source>
-        <translation type="unfinished"></translation>
+        <translation>Position mm, angles °</translation>
     </message>
     <message>
         <source>设置位置信息</source>
-        <translation type="unfinished"></translation>
+        <translation>Set position information</translation>
     </message>
     <message>
         <source>操作失败，请重新标定！</source>
