@@ -218,6 +218,11 @@ private slots:
                 QCoreApplication::sendEvent(key, &deactivate);
             },
             [&] { window->hide(); },
+            [&] {
+                key->hide();
+                QVERIFY(!key->isHeld());
+                key->show();
+            },
             [&] { emit robot->linkChanged(Robot::Link::Lost); },
         };
         for (const auto &end : ends) {
