@@ -56,7 +56,6 @@ bool isOperatorInput(QEvent::Type type)
     case QEvent::KeyPress:
     case QEvent::InputMethod:
     case QEvent::Shortcut:
-    case QEvent::ShortcutOverride:
     case QEvent::ContextMenu:
     case QEvent::Gesture:
     case QEvent::NativeGesture:

@@ -13,6 +13,8 @@
 #include <QPushButton>
 #include <QShortcut>
 #include <QSignalSpy>
+#include <QSlider>
+#include <QStyleOptionSlider>
 #include <QWindow>
 #include <QtTest>
 
@@ -105,6 +107,8 @@ private slots:
     void modalDialogsAreAllowed();
     void shortcutsOfCoveredPagesAreHeldBack();
     void aHeldButtonGetsItsRelease();
+    void aHeldSliderGetsItsRelease();
+    void aButtonPressedByTheProgramGetsItsRelease();
     void theLastRestrictionCounts();
     void companionsAreServedAlways();
     void aDestroyedRootFreesTheInput();
@@ -302,6 +306,7 @@ void TestPrompts::anAnswerCountsOnce()
         if (answered < 3)
             button(QStringLiteral("promptConfirm"))->click();
         button(QStringLiteral("promptCancel"))->click();
+        QTest::keyClick(prompt(), Qt::Key_Escape);
     });
     QSignalSpy cancelled(prompt(), &PromptWidget::cancelDeleteXmlJob);
     ask(60);
@@ -551,9 +556,16 @@ void TestPrompts::shortcutsOfCoveredPagesAreHeldBack()
     QTest::keyClick(m_window, Qt::Key_F2);
     QCOMPARE(activated, 1);
     ask(52);
+    QCOMPARE(QApplication::activeWindow(), m_window);
     QTest::keyClick(prompt(), Qt::Key_F2);
     QTest::keyClick(m_window, Qt::Key_F2);
+    QTest::keyClick(m_window->windowHandle(), Qt::Key_F2);
     QCOMPARE(activated, 1);
+    QShortcut own(QKeySequence(Qt::Key_F3), prompt());
+    int ownActivated = 0;
+    connect(&own, &QShortcut::activated, this, [&ownActivated] { ++ownActivated; });
+    QTest::keyClick(prompt(), Qt::Key_F3);
+    QCOMPARE(ownActivated, 1);
     prompt()->close();
     QTest::keyClick(m_window, Qt::Key_F2);
     QCOMPARE(activated, 2);
@@ -571,6 +583,33 @@ void TestPrompts::aHeldButtonGetsItsRelease()
     QCOMPARE(released, 1);
     QTest::mouseClick(m_page, Qt::LeftButton);
     QCOMPARE(released, 1);
+}
+
+void TestPrompts::aHeldSliderGetsItsRelease()
+{
+    QSlider slider(Qt::Horizontal, m_window);
+    slider.setGeometry(10, 100, 200, 40);
+    slider.show();
+    QStyleOptionSlider option;
+    option.initFrom(&slider);
+    option.maximum = 99;
+    const QRect handle = slider.style()->subControlRect(QStyle::CC_Slider, &option,
+                                                        QStyle::SC_SliderHandle, &slider);
+    QTest::mousePress(&slider, Qt::LeftButton, Qt::NoModifier, handle.center());
+    QVERIFY(slider.isSliderDown());
+    ask(52);
+    QTest::mouseRelease(&slider, Qt::LeftButton, Qt::NoModifier, handle.center());
+    QVERIFY(!slider.isSliderDown());
+}
+
+void TestPrompts::aButtonPressedByTheProgramGetsItsRelease()
+{
+    QPushButton button(m_window);
+    button.show();
+    button.setDown(true);
+    ask(52);
+    QTest::mouseRelease(&button, Qt::LeftButton);
+    QVERIFY(!button.isDown());
 }
 
 void TestPrompts::theLastRestrictionCounts()
