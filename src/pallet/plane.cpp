@@ -168,7 +168,7 @@ void showRotation(const Form *ui, int type)
 void TechnologyWidget::initPlane()
 {
     setReturnButtonSheet({ui->returnNavigationBtn7, ui->planePageUp, ui->planeModifyBtn,
-                          ui->planeModifyCancelBtn, ui->copyPictureBtn, ui->customPreviewReturnBtn,
+                          ui->planeModifyCancelBtn, ui->customPreviewReturnBtn,
                           ui->customPreviewSaveBtn});
     ui->CustomPreviewframe->hide();
     showViewState(planePage());
