@@ -234,7 +234,6 @@ int PendantStyle::styleHint(StyleHint hint, const QStyleOption *option, const QW
     switch (hint) {
     case SH_ComboBox_Popup: // a plain list, with rows of our own height
     case SH_EtchDisabledText:
-        return 0;
     case SH_DialogButtonBox_ButtonsHaveIcons:
         return 0;
     default:
