@@ -27,6 +27,11 @@ std::optional<Options> readOptions(const QStringList &arguments, QString *error)
         QStringLiteral("Connect to the robot controller at this address instead of the embedded "
                        "simulated one."),
         QStringLiteral("HOST:PORT"));
+    const QCommandLineOption kinematic(
+        QStringLiteral("kinematic"),
+        QStringLiteral("Kinematic type, 1 to 12, of a robot, 1 to 4, of the embedded controller; "
+                       "by default 1. Repeatable."),
+        QStringLiteral("ROBOT=TYPE"));
     const QCommandLineOption data(QStringLiteral("data"),
                                   QStringLiteral("Keep configuration, accounts, log and the "
                                                  "embedded controller's parameters here."),
@@ -47,7 +52,7 @@ std::optional<Options> readOptions(const QStringList &arguments, QString *error)
     parser.setApplicationDescription(QStringLiteral("Teach pendant: process packages"));
     parser.addHelpOption();
     parser.addVersionOption();
-    parser.addOptions({controller, data, tour, language, special});
+    parser.addOptions({controller, kinematic, data, tour, language, special});
     if (!parser.parse(arguments)) {
         *error = parser.errorText();
         return std::nullopt;
@@ -66,6 +71,22 @@ std::optional<Options> readOptions(const QStringList &arguments, QString *error)
     if (parser.isSet(controller) && !readAddress(parser.value(controller), &options)) {
         *error = QStringLiteral("--controller takes HOST:PORT, not \"%1\".")
                      .arg(parser.value(controller));
+        return std::nullopt;
+    }
+    const QStringList kinematics = parser.values(kinematic);
+    for (const QString &text : kinematics) {
+        const std::optional<KinematicRule> rule = KinematicRule::parse(text);
+        if (!rule) {
+            *error = QStringLiteral("--kinematic takes ROBOT=TYPE, a robot from 1 to 4 and a type "
+                                    "from 1 to 12, not \"%1\".")
+                         .arg(text);
+            return std::nullopt;
+        }
+        options.kinematics.push_back(*rule);
+    }
+    if (!kinematics.isEmpty() && !options.isEmbedded()) {
+        *error = QStringLiteral("--kinematic is about the embedded controller; it does not go with "
+                                "--controller.");
         return std::nullopt;
     }
     options.tourDirectory = parser.value(tour);

@@ -1,8 +1,11 @@
 #pragma once
 
+#include "simulator/kinematicrule.h"
+
 #include <QString>
 #include <QStringList>
 #include <optional>
+#include <vector>
 
 /// What the command line of the pendant asks for.
 struct Options {
@@ -11,6 +14,7 @@ struct Options {
     QString dataDirectory; ///< configuration, accounts, log, the embedded controller's data
     QString tourDirectory; ///< not empty: drive the pages without an operator and leave pictures
     QString language; ///< "zh", "en"; empty: the one of the last run
+    std::vector<KinematicRule> kinematics; ///< of the embedded controller's robots
     bool specialProcessOnly = false; ///< the device that offers nothing but the special process
 
     bool isEmbedded() const { return controllerHost.isEmpty(); }

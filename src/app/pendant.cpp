@@ -46,6 +46,8 @@ bool Pendant::connectController(const Options &options, QString *error)
         *error = QStringLiteral("The simulated controller does not start: %1.").arg(reason);
         return false;
     }
+    for (const KinematicRule &rule : options.kinematics)
+        m_controller.controller()->setKinematicType(rule.robot, rule.type);
     Robot::getInstance()->connectToController(QStringLiteral("127.0.0.1"), port);
     return true;
 }

@@ -2,6 +2,7 @@
 
 #include "app.h"
 #include "inputgate.h"
+#include "jogpad.h"
 #include "linklamp.h"
 #include "morerobot.h"
 #include "robot.h"
@@ -11,7 +12,6 @@
 #include <QGridLayout>
 #include <QKeyEvent>
 #include <QLabel>
-#include <QMouseEvent>
 #include <QVBoxLayout>
 
 namespace {
@@ -55,91 +55,16 @@ QString modeName(int mode)
 
 } // namespace
 
-DeadmanKey::DeadmanKey(QWidget *parent) : QPushButton(parent)
+DeadmanKey::DeadmanKey(QWidget *parent) : HoldKey(parent)
 {
-    setFocusPolicy(Qt::NoFocus);
-    setAttribute(Qt::WA_AcceptTouchEvents);
-    connect(InputGate::getInstance(), &InputGate::restrictionChanged, this, [this] {
-        if (!InputGate::getInstance()->allows(this))
-            setHeld(false);
-    });
-    // After an outage the operator has to press anew.
-    connect(Robot::getInstance(), &Robot::linkChanged, this, [this] { setHeld(false); });
-}
-
-void DeadmanKey::setHeld(bool held)
-{
-    if (held == m_held || (held && !App::canDoOperate()))
-        return;
-    m_held = held;
-    setDown(held);
-    Robot::getInstance()->setDeadman(held);
-    emit heldChanged(held);
-}
-
-bool DeadmanKey::event(QEvent *event)
-{
-    switch (event->type()) {
-    case QEvent::TouchBegin:
-        setHeld(true);
-        event->accept();
-        return true;
-    case QEvent::TouchUpdate:
-        event->accept();
-        return true;
-    case QEvent::TouchEnd:
-    case QEvent::TouchCancel:
-        setHeld(false);
-        event->accept();
-        return true;
-    case QEvent::Leave:
-    case QEvent::Hide:
-    case QEvent::WindowDeactivate:
-    case QEvent::UngrabMouse:
-        setHeld(false);
-        break;
-    case QEvent::EnabledChange:
-        if (!isEnabled())
-            setHeld(false);
-        break;
-    default:
-        break;
-    }
-    return QPushButton::event(event);
-}
-
-void DeadmanKey::mousePressEvent(QMouseEvent *event)
-{
-    if (event->button() == Qt::LeftButton)
-        setHeld(true);
-}
-
-void DeadmanKey::mouseReleaseEvent(QMouseEvent *event)
-{
-    if (event->button() == Qt::LeftButton)
-        setHeld(false);
-}
-
-void DeadmanKey::mouseMoveEvent(QMouseEvent *event)
-{
-    if (!rect().contains(event->pos()))
-        setHeld(false);
-}
-
-// A focused button would take the space key as a press; this one is held or it is not.
-void DeadmanKey::keyPressEvent(QKeyEvent *event)
-{
-    event->ignore();
-}
-
-void DeadmanKey::keyReleaseEvent(QKeyEvent *event)
-{
-    event->ignore();
+    connect(this, &HoldKey::heldChanged, this,
+            [](bool held) { Robot::getInstance()->setDeadman(held); });
 }
 
 KeyColumn::KeyColumn(QWidget *parent)
     : QWidget(parent), m_lamp(new LinkLamp(this)), m_simulated(new SimulatedMark(this)),
       m_servo(makeKey(QStringLiteral("servoKey"), 52, this)), m_deadman(new DeadmanKey(this)),
+      m_jogToggle(makeKey(QStringLiteral("jogToggle"), 40, this)), m_jogPad(new JogPad(this)),
       m_modeCaption(makeCaption(this)), m_robotCaption(makeCaption(this))
 {
     setObjectName(QStringLiteral("keyColumn"));
@@ -161,6 +86,44 @@ KeyColumn::KeyColumn(QWidget *parent)
     column->addWidget(m_servo);
     column->addWidget(m_deadman);
     column->addStretch(1);
+    auto *jogRow = new QHBoxLayout;
+    jogRow->setSpacing(2);
+    jogRow->addWidget(m_jogToggle);
+    jogRow->addWidget(m_jogPad->coordinateKey());
+    column->addLayout(jogRow);
+    m_selectors = makeSelectors();
+    column->addWidget(m_selectors);
+    column->addWidget(m_jogPad);
+    m_jogToggle->setCheckable(true);
+    connect(m_jogToggle, &QPushButton::toggled, this, &KeyColumn::showJogPad);
+    showJogPad(false);
+
+    connect(m_servo, &QPushButton::clicked, this, [this] {
+        if (App::canDoOperate())
+            Robot::getInstance()->requestServo(Robot::getInstance()->get_servo_state() != kServoOn);
+        refresh();
+    });
+    connect(m_deadman, &DeadmanKey::heldChanged, this, &KeyColumn::deadmanHeld);
+    connect(Robot::getInstance(), &Robot::statusChanged, this, &KeyColumn::refresh);
+    connect(Robot::getInstance(), &Robot::linkChanged, this, &KeyColumn::refresh);
+    connect(MoreRobot::getInstance(), &MoreRobot::currentRobotChanged, this, &KeyColumn::refresh);
+    connect(UserAccounts::getInstance(), &UserAccounts::lockedChanged, this, [this](bool locked) {
+        if (locked) {
+            releaseDeadman();
+            m_jogPad->release();
+        }
+    });
+    QCoreApplication::instance()->installEventFilter(this);
+    refresh();
+}
+
+QWidget *KeyColumn::makeSelectors()
+{
+    auto *selectors = new QWidget(this);
+    selectors->setFixedHeight(JogPad::kHeight);
+    auto *column = new QVBoxLayout(selectors);
+    column->setContentsMargins(0, 0, 0, 0);
+    column->setSpacing(4);
     auto *modes = new QVBoxLayout;
     modes->setSpacing(0);
     for (int mode = 0; mode < 3; ++mode) {
@@ -173,6 +136,7 @@ KeyColumn::KeyColumn(QWidget *parent)
             refresh();
         });
     }
+    column->addStretch(1);
     column->addWidget(m_modeCaption);
     column->addLayout(modes);
     column->addStretch(1);
@@ -187,22 +151,15 @@ KeyColumn::KeyColumn(QWidget *parent)
     }
     column->addWidget(m_robotCaption);
     column->addLayout(robots);
+    return selectors;
+}
 
-    connect(m_servo, &QPushButton::clicked, this, [this] {
-        if (App::canDoOperate())
-            Robot::getInstance()->requestServo(Robot::getInstance()->get_servo_state() != kServoOn);
-        refresh();
-    });
-    connect(m_deadman, &DeadmanKey::heldChanged, this, &KeyColumn::deadmanHeld);
-    connect(Robot::getInstance(), &Robot::statusChanged, this, &KeyColumn::refresh);
-    connect(Robot::getInstance(), &Robot::linkChanged, this, &KeyColumn::refresh);
-    connect(MoreRobot::getInstance(), &MoreRobot::currentRobotChanged, this, &KeyColumn::refresh);
-    connect(UserAccounts::getInstance(), &UserAccounts::lockedChanged, this, [this](bool locked) {
-        if (locked)
-            releaseDeadman();
-    });
-    QCoreApplication::instance()->installEventFilter(this);
-    refresh();
+void KeyColumn::showJogPad(bool shown)
+{
+    m_jogPad->release();
+    m_selectors->setVisible(!shown);
+    m_jogPad->setVisible(shown);
+    m_jogPad->coordinateKey()->setVisible(shown);
 }
 
 void KeyColumn::setEmbeddedController(bool embedded)
@@ -214,6 +171,7 @@ void KeyColumn::selectRobot(int robot)
 {
     if (robot != MoreRobot::getCurrentRobot() && App::canDoOperate()) {
         releaseDeadman();
+        m_jogPad->release();
         emit aboutToChangeRobot(robot);
         MoreRobot::setCurrentRobot(robot);
     }
@@ -232,6 +190,7 @@ void KeyColumn::refresh()
                            .arg(!known        ? tr("未知")
                                     : enabled ? tr("有效")
                                               : tr("无效")));
+    m_jogToggle->setText(tr("点动"));
     m_modeCaption->setText(tr("模式"));
     m_robotCaption->setText(tr("机器人"));
     for (int mode = 0; mode < 3; ++mode) {

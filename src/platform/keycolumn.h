@@ -1,40 +1,24 @@
 #pragma once
 
-#include <QPushButton>
+#include "holdkey.h"
+
 #include <QWidget>
 
+class JogPad;
 class LinkLamp;
 class QLabel;
 class SimulatedMark;
 
-/// The enabling key: the robot may move by hand only while it is held. It lets go on anything that
-/// could hide a release: leaving the key, losing the window, hiding, a prompt, the lock screen.
-class DeadmanKey : public QPushButton {
+/// The enabling key: the robot may move by hand only while it is held.
+class DeadmanKey : public HoldKey {
     Q_OBJECT
 public:
     explicit DeadmanKey(QWidget *parent = nullptr);
-
-    bool isHeld() const { return m_held; }
-    void setHeld(bool held);
-
-signals:
-    void heldChanged(bool held);
-
-protected:
-    bool event(QEvent *event) override;
-    void mousePressEvent(QMouseEvent *event) override;
-    void mouseReleaseEvent(QMouseEvent *event) override;
-    void mouseMoveEvent(QMouseEvent *event) override;
-    void keyPressEvent(QKeyEvent *event) override;
-    void keyReleaseEvent(QKeyEvent *event) override;
-
-private:
-    bool m_held = false;
 };
 
 /// The keys beside the content: link lamp, simulated mark, servo, enabling key (also F12 of a
-/// keyboard, held), mode selector, robots 1 to 4. They show what the controller reports, not what
-/// was last asked for.
+/// keyboard, held), and below them either mode selector and robots 1 to 4 or the jog keys. They
+/// show what the controller reports, not what was last asked for.
 class KeyColumn : public QWidget {
     Q_OBJECT
 public:
@@ -57,11 +41,16 @@ protected:
 private:
     void refresh();
     void selectRobot(int robot);
+    QWidget *makeSelectors();
+    void showJogPad(bool shown);
 
     LinkLamp *m_lamp;
     SimulatedMark *m_simulated;
     QPushButton *m_servo;
     DeadmanKey *m_deadman;
+    QPushButton *m_jogToggle;
+    JogPad *m_jogPad;
+    QWidget *m_selectors = nullptr; ///< mode and robot
     QLabel *m_modeCaption;
     QLabel *m_robotCaption;
     QPushButton *m_modes[3];

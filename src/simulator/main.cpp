@@ -1,6 +1,7 @@
 // The simulated controller as a program of its own.
 
 #include "link/messages.h"
+#include "simulator/kinematicrule.h"
 #include "simulator/simulatedcontroller.h"
 #include "simulator/termination.h"
 
@@ -14,11 +15,6 @@ namespace {
 
 constexpr int kBadOption = 2;
 constexpr quint16 kUsualPort = 7701;
-
-struct KinematicRule {
-    int robot;
-    int type;
-};
 
 struct Settings {
     SimulatedController::Options options;
@@ -66,18 +62,6 @@ void declareOptions(QCommandLineParser &parser)
     });
 }
 
-std::optional<KinematicRule> parseKinematic(const QString &text)
-{
-    const QStringList sides = text.split(QLatin1Char('='));
-    bool isRobot = false;
-    bool isType = false;
-    const KinematicRule rule{sides.value(0).toInt(&isRobot), sides.value(1).toInt(&isType)};
-    if (sides.size() != 2 || !isRobot || !isType || rule.robot < 1
-        || rule.robot > SimulatedController::kRobots || rule.type < 1 || rule.type > 12)
-        return std::nullopt;
-    return rule;
-}
-
 /// What is wrong with the command line, as a sentence; empty when nothing is.
 QString readSettings(const QCommandLineParser &parser, Settings &settings)
 {
@@ -111,7 +95,7 @@ QString readSettings(const QCommandLineParser &parser, Settings &settings)
     }
     const QStringList kinematics = parser.values(QStringLiteral("kinematic"));
     for (const QString &text : kinematics) {
-        const std::optional<KinematicRule> rule = parseKinematic(text);
+        const std::optional<KinematicRule> rule = KinematicRule::parse(text);
         if (!rule) {
             return QStringLiteral("\"%1\" is no kinematic type: it reads ROBOT=TYPE, with a robot "
                                   "from 1 to 4 and a type from 1 to 12.")
