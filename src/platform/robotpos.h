@@ -24,9 +24,9 @@ struct RobotPos {
     Json::Value toJson() const;
 
     int id = 0;
-    /// Millimetres and radians. A position of a job has the Cartesian values in the first seven and
-    /// the joints in the last seven; a point to run to has coordinate kind and flag in the first
-    /// two, or zeros for a joint point, and its values in the last seven.
+    /// A position of a job has the Cartesian values in the first seven and the joints in the last
+    /// seven. A point to run to has coordinate kind and flag in the first two, zeros for a joint
+    /// point, and its values in the last seven: mm and radians; joints in degrees.
     std::array<double, kValues> values = {};
     unsigned char kind = 'P';
 };
