@@ -20,13 +20,13 @@ QStringList cartesianNames(int axes)
     return all.split(QLatin1Char(',')).mid(0, axes);
 }
 
-int axesOf(int kinematicType)
+} // namespace
+
+int JogPad::axesOf(int kinematicType)
 {
     constexpr int kAxes[] = {6, 4, 4, 4, 1, 5, 6, 4, 3, 3, 3, 7};
     return kinematicType >= 1 && kinematicType <= 12 ? kAxes[kinematicType - 1] : 6;
 }
-
-} // namespace
 
 JogPad::JogPad(QWidget *parent) : QWidget(parent), m_coordinateKey(new QPushButton(parent))
 {

@@ -18,6 +18,9 @@ public:
     static constexpr int kSpacing = 2;
     static constexpr int kHeight = kMostAxes * kKeyHeight + (kMostAxes - 1) * kSpacing;
 
+    /// How many axes a robot of that kinematic type, 1 to 12, has; of an unknown one 6.
+    static int axesOf(int kinematicType);
+
     explicit JogPad(QWidget *parent = nullptr);
 
     /// Switches between axes and Cartesian position; stands wherever the owner puts it.

@@ -12,6 +12,7 @@
 #include <QGridLayout>
 #include <QKeyEvent>
 #include <QLabel>
+#include <QMenu>
 #include <QVBoxLayout>
 
 namespace {
@@ -50,6 +51,24 @@ QString modeName(int mode)
         return KeyColumn::tr("自动");
     default:
         return KeyColumn::tr("远程");
+    }
+}
+
+QString familyName(int kinematicType)
+{
+    switch (JogPad::axesOf(kinematicType)) {
+    case 1:
+        return KeyColumn::tr("一轴");
+    case 3:
+        return KeyColumn::tr("三轴");
+    case 4:
+        return KeyColumn::tr("四轴");
+    case 5:
+        return KeyColumn::tr("五轴");
+    case 7:
+        return KeyColumn::tr("七轴");
+    default:
+        return KeyColumn::tr("六轴");
     }
 }
 
@@ -104,6 +123,7 @@ KeyColumn::KeyColumn(QWidget *parent)
         refresh();
     });
     connect(m_deadman, &DeadmanKey::heldChanged, this, &KeyColumn::deadmanHeld);
+    connect(m_simulated, &SimulatedMark::clicked, this, &KeyColumn::offerTypes);
     connect(Robot::getInstance(), &Robot::statusChanged, this, &KeyColumn::refresh);
     connect(Robot::getInstance(), &Robot::linkChanged, this, &KeyColumn::refresh);
     connect(MoreRobot::getInstance(), &MoreRobot::currentRobotChanged, this, &KeyColumn::refresh);
@@ -160,6 +180,35 @@ void KeyColumn::showJogPad(bool shown)
     m_selectors->setVisible(!shown);
     m_jogPad->setVisible(shown);
     m_jogPad->coordinateKey()->setVisible(shown);
+}
+
+/// The simulated robot can be any; the list shows the current one marked.
+void KeyColumn::offerTypes()
+{
+    const Robot *robot = Robot::getInstance();
+    if (!robot->isConnected() || !robot->isSimulated() || !App::canDoOperate())
+        return;
+    auto *menu = new QMenu(this);
+    menu->setObjectName(QStringLiteral("kinematicMenu"));
+    menu->setAttribute(Qt::WA_DeleteOnClose);
+    for (int type = 1; type <= 12; ++type) {
+        QAction *action = menu->addAction(tr("%1  %2").arg(type).arg(familyName(type)));
+        action->setCheckable(true);
+        action->setChecked(type == robot->kinematicType);
+        connect(action, &QAction::triggered, this, [this, type] { setType(type); });
+    }
+    menu->popup(mapToGlobal(QPoint(-menu->sizeHint().width(), m_simulated->y())));
+}
+
+void KeyColumn::setType(int type)
+{
+    if (type == Robot::getInstance()->kinematicType || !App::canDoOperate())
+        return;
+    releaseDeadman();
+    m_jogPad->release();
+    // What a page shows belongs to one kind of robot, as it belongs to one robot.
+    emit aboutToChangeRobot(MoreRobot::getCurrentRobot());
+    Robot::getInstance()->setKinematicType(type);
 }
 
 void KeyColumn::setEmbeddedController(bool embedded)

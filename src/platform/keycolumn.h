@@ -18,7 +18,8 @@ public:
 
 /// The keys beside the content: link lamp, simulated mark, servo, enabling key (also F12 of a
 /// keyboard, held), and below them either mode selector and robots 1 to 4 or the jog keys. They
-/// show what the controller reports, not what was last asked for.
+/// show what the controller reports, not what was last asked for. The simulated mark offers the
+/// kinematic types.
 class KeyColumn : public QWidget {
     Q_OBJECT
 public:
@@ -43,6 +44,8 @@ private:
     void selectRobot(int robot);
     QWidget *makeSelectors();
     void showJogPad(bool shown);
+    void offerTypes();
+    void setType(int type);
 
     LinkLamp *m_lamp;
     SimulatedMark *m_simulated;

@@ -3,6 +3,7 @@
 #include "robot.h"
 
 #include <QEvent>
+#include <QMouseEvent>
 #include <QPainter>
 
 namespace {
@@ -125,6 +126,18 @@ void SimulatedMark::changeEvent(QEvent *event)
     if (event->type() == QEvent::LanguageChange)
         refresh();
     QLabel::changeEvent(event);
+}
+
+// Taken, so that the release comes here too.
+void SimulatedMark::mousePressEvent(QMouseEvent *event)
+{
+    event->accept();
+}
+
+void SimulatedMark::mouseReleaseEvent(QMouseEvent *event)
+{
+    if (event->button() == Qt::LeftButton && rect().contains(event->pos()))
+        emit clicked();
 }
 
 void SimulatedMark::paintEvent(QPaintEvent *)

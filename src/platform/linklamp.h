@@ -29,7 +29,12 @@ public:
 
     void setEmbedded(bool embedded);
 
+signals:
+    void clicked();
+
 protected:
+    void mousePressEvent(QMouseEvent *event) override;
+    void mouseReleaseEvent(QMouseEvent *event) override;
     void changeEvent(QEvent *event) override;
     void paintEvent(QPaintEvent *event) override;
 

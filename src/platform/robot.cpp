@@ -86,6 +86,12 @@ void Robot::setTeachMode(int mode)
         d->sendKey("mode", mode, true);
 }
 
+void Robot::setKinematicType(int type)
+{
+    if (type >= 1 && type <= 12 && isSimulated())
+        d->sendKey("kinematic", type, true);
+}
+
 void Robot::jog(int axis, int direction, int coordinate)
 {
     if (axis == 0)

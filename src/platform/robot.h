@@ -62,6 +62,9 @@ public:
     void setDeadman(bool held);
     /// 0: teach; 1: automatic; 2: remote. Another number does nothing.
     void setTeachMode(int mode);
+    /// A simulated controller makes the current robot one of another kinematic type, 1 to 12; a
+    /// real one takes no such key, and none is sent to it. Another number does nothing.
+    void setKinematicType(int type);
     /// Moves the current robot by hand for as long as this is said again and again, a few times a
     /// second: axis 1 to 7 forwards (+1) or backwards (-1), of the arm itself (coordinate 0) or of
     /// its Cartesian position (1). Axis 0 stops it. Other numbers do nothing.

@@ -204,6 +204,9 @@ const char *SimulatedController::takeKey(Pendant &pendant, const QByteArray &bod
     } else if (name == QLatin1String("robot") && value(1, kRobots)) {
         session.robot = *value(1, kRobots);
         m_cell.release(session.number); // what it no longer looks at stands still
+    } else if (name == QLatin1String("kinematic") && value(1, 12)) {
+        setKinematicType(session.robot, *value(1, 12));
+        takeTypes();
     } else if (name == QLatin1String("jog") && value(0, kAxes)) {
         return takeJog(pendant, *key);
     } else {

@@ -7,10 +7,13 @@
 #include "helpers.h"
 #include "jogpad.h"
 #include "keycolumn.h"
+#include "linklamp.h"
 #include "morerobot.h"
+#include "pendantstyle.h"
 #include "useraccounts.h"
 #include "veltrixwidgetfoundation.h"
 
+#include <QMenu>
 #include <QPushButton>
 #include <memory>
 
@@ -41,6 +44,7 @@ class TestJogPad : public QObject {
     }
 
 private slots:
+    void initTestCase() { PendantStyle::apply(*qApp); }
     void init()
     {
         UserAccounts::getInstance()->setHashCost(1, 8192);
@@ -232,6 +236,33 @@ private slots:
         QTest::keyRelease(window.get(), Qt::Key_F12);
         QTRY_VERIFY(!desk.controller->cell().isMoving());
         QTest::mouseRelease(key(2, false), Qt::LeftButton);
+    }
+
+    /// The mark of the simulated controller offers the kinematic types.
+    void theMarkOffersTypes()
+    {
+        auto *mark = find<SimulatedMark>("simulatedMark");
+        window->setEmbeddedController(true);
+        QTest::mouseClick(mark, Qt::LeftButton);
+        QVERIFY(!window->findChild<QMenu *>(QStringLiteral("kinematicMenu"))); // no controller yet
+        Desk desk;
+        QVERIFY(connectTo(desk));
+        QSignalSpy leaves(window.get(), &VeltrixWidgetFoundation::aboutToChangeRobot);
+        QTest::mouseClick(mark, Qt::LeftButton);
+        auto *menu = window->findChild<QMenu *>(QStringLiteral("kinematicMenu"));
+        QVERIFY(menu && menu->isVisible());
+        QCOMPARE(int(menu->actions().size()), 12);
+        for (int type = 1; type <= 12; ++type) {
+            QCOMPARE(menu->actions().at(type - 1)->isChecked(), type == 1);
+            QVERIFY(menu->actionGeometry(menu->actions().at(type - 1)).height() >= 40);
+        }
+        QVERIFY(window->rect().contains(QRect(window->mapFromGlobal(menu->pos()), menu->size())));
+        QTest::mouseClick(menu, Qt::LeftButton, Qt::NoModifier,
+                          menu->actionGeometry(menu->actions().at(11)).center());
+        QTRY_COMPARE(robot->kinematicType, 12);
+        QCOMPARE(desk.controller->cell().arm(1).model().type(), 12);
+        QCOMPARE(desk.controller->cell().arm(2).model().type(), 1);
+        QCOMPARE(int(leaves.count()), 1); // the pages go back to their menu
     }
 
     /// The last one: whoever locked the pendant has to log in again.
