@@ -36,23 +36,23 @@
     <name>Controller</name>
     <message>
         <source>未动作：请上电并按住使能键</source>
-        <translation type="unfinished"></translation>
+        <translation>Not moved: power on and hold the enabling key</translation>
     </message>
     <message>
         <source>点动只能在示教模式下进行</source>
-        <translation type="unfinished"></translation>
+        <translation>Jogging needs teach mode</translation>
     </message>
     <message>
         <source>未动作：目标点不可达</source>
-        <translation type="unfinished"></translation>
+        <translation>Not moved: the point cannot be reached</translation>
     </message>
     <message>
         <source>已停止：轴到达限位</source>
-        <translation type="unfinished"></translation>
+        <translation>Stopped: an axis is at its limit</translation>
     </message>
     <message>
         <source>机器人没有该轴</source>
-        <translation type="unfinished"></translation>
+        <translation>The robot has no such axis</translation>
     </message>
 </context>
 <context>
@@ -169,7 +169,7 @@
     </message>
     <message>
         <source>控制器</source>
-        <translation type="unfinished"></translation>
+        <translation>Controller</translation>
     </message>
 </context>
 <context>
@@ -205,6 +205,25 @@
     <message>
         <source>全部</source>
         <translation>All</translation>
+    </message>
+</context>
+<context>
+    <name>JogPad</name>
+    <message>
+        <source>关节</source>
+        <translation>Joint</translation>
+    </message>
+    <message>
+        <source>直角</source>
+        <translation>Cartesian</translation>
+    </message>
+    <message>
+        <source>点动 %1 负向</source>
+        <translation>Jog %1 backwards</translation>
+    </message>
+    <message>
+        <source>点动 %1 正向</source>
+        <translation>Jog %1 forwards</translation>
     </message>
 </context>
 <context>
@@ -266,6 +285,38 @@
     <message>
         <source>机器人 %1</source>
         <translation>Robot %1</translation>
+    </message>
+    <message>
+        <source>一轴</source>
+        <translation>1 axis</translation>
+    </message>
+    <message>
+        <source>三轴</source>
+        <translation>3 axes</translation>
+    </message>
+    <message>
+        <source>四轴</source>
+        <translation>4 axes</translation>
+    </message>
+    <message>
+        <source>五轴</source>
+        <translation>5 axes</translation>
+    </message>
+    <message>
+        <source>七轴</source>
+        <translation>7 axes</translation>
+    </message>
+    <message>
+        <source>六轴</source>
+        <translation>6 axes</translation>
+    </message>
+    <message>
+        <source>%1  %2</source>
+        <translation>%1  %2</translation>
+    </message>
+    <message>
+        <source>点动</source>
+        <translation>Jog</translation>
     </message>
 </context>
 <context>
@@ -1164,11 +1215,11 @@ controller</translation>
     </message>
     <message>
         <source>固定放货点高度</source>
-        <translation type="unfinished"></translation>
+        <translation>Fixed place height</translation>
     </message>
     <message>
         <source>关闭</source>
-        <translation type="unfinished"></translation>
+        <translation>Off</translation>
     </message>
     <message>
         <source>上一页</source>
@@ -1180,115 +1231,115 @@ controller</translation>
     </message>
     <message>
         <source>竖直方向排列</source>
-        <translation type="unfinished"></translation>
+        <translation>Column by column</translation>
     </message>
     <message>
         <source>打开后，一个位置先码满所有层，再码下一个位置。每一层的图形因此必须一样，重复关系固定为“相同”。</source>
-        <translation type="unfinished"></translation>
+        <translation>On: one place is stacked through all layers before the next begins. So every layer must have the same pattern, and the repeat mode stays at “Same”.</translation>
     </message>
     <message>
         <source>层自动对齐</source>
-        <translation type="unfinished"></translation>
+        <translation>Align layers</translation>
     </message>
     <message>
         <source>打开后，大小不同的各层对齐到同一条中线上。关闭时，每一层都按自己图形里的位置码放。</source>
-        <translation type="unfinished"></translation>
+        <translation>On: layers of different size are aligned to one centre line. Off: each layer is placed where its own pattern says.</translation>
     </message>
     <message>
         <source>姿态自动旋转</source>
-        <translation type="unfinished"></translation>
+        <translation>Turn the gripper</translation>
     </message>
     <message>
         <source>打开后，工件在图形里转过的角度，抓手也跟着转。关闭时，抓手的姿态保持不变。</source>
-        <translation type="unfinished"></translation>
+        <translation>On: the gripper turns with the angle that a piece has in its pattern. Off: the gripper keeps its orientation.</translation>
     </message>
     <message>
         <source>重复关系：相同、交替</source>
-        <translation type="unfinished"></translation>
+        <translation>Repeat modes: same, alternating</translation>
     </message>
     <message>
         <source>相同</source>
-        <translation type="unfinished"></translation>
+        <translation>Same</translation>
     </message>
     <message>
         <source>交替</source>
-        <translation type="unfinished"></translation>
+        <translation>Alternating</translation>
     </message>
     <message>
         <source>相同：所有层使用第1层的图形和高度修正。交替：奇数层跟随第1层，偶数层跟随第2层。</source>
-        <translation type="unfinished"></translation>
+        <translation>Same: all layers take pattern and height of layer 1. Alternating: odd layers follow layer 1, even layers follow layer 2.</translation>
     </message>
     <message>
         <source>重复关系：自定义</source>
-        <translation type="unfinished"></translation>
+        <translation>Repeat mode: custom</translation>
     </message>
     <message>
         <source>自定义</source>
-        <translation type="unfinished"></translation>
+        <translation>Custom</translation>
     </message>
     <message>
         <source>“重复”按钮</source>
-        <translation type="unfinished"></translation>
+        <translation>The key “Repeat”</translation>
     </message>
     <message>
         <source>自定义：每一层的图形单独选择。在表中选中一层再按“重复”，它下面的各层就从这一层起依次重复；选中第1层时，所有层都使用第1层的图形。高度修正不变。</source>
-        <translation type="unfinished"></translation>
+        <translation>Custom: each layer has a pattern of its own. Select a layer and press “Repeat”: from there on the layers below it are repeated in turn; with layer 1 selected, all layers take its pattern. Heights stay.</translation>
     </message>
     <message>
         <source>工件参数</source>
-        <translation type="unfinished"></translation>
+        <translation>Workpiece</translation>
     </message>
     <message>
         <source>工艺号:1</source>
-        <translation type="unfinished"></translation>
+        <translation>Process no. 1</translation>
     </message>
     <message>
         <source>工件尺寸</source>
-        <translation type="unfinished"></translation>
+        <translation>Size of a workpiece</translation>
     </message>
     <message>
         <source>长（托盘Y方向）(mm)</source>
-        <translation type="unfinished"></translation>
+        <translation>Length, along tray Y (mm)</translation>
     </message>
     <message>
         <source>工件长</source>
-        <translation type="unfinished"></translation>
+        <translation>Length</translation>
     </message>
     <message>
         <source>宽（托盘X方向）(mm)</source>
-        <translation type="unfinished"></translation>
+        <translation>Width, along tray X (mm)</translation>
     </message>
     <message>
         <source>工件宽</source>
-        <translation type="unfinished"></translation>
+        <translation>Width</translation>
     </message>
     <message>
         <source>高（托盘Z方向）(mm)</source>
-        <translation type="unfinished"></translation>
+        <translation>Height, along tray Z (mm)</translation>
     </message>
     <message>
         <source>工件高</source>
-        <translation type="unfinished"></translation>
+        <translation>Height</translation>
     </message>
     <message>
         <source>工件间隙</source>
-        <translation type="unfinished"></translation>
+        <translation>Gaps</translation>
     </message>
     <message>
         <source>托盘X方向间隙(mm)</source>
-        <translation type="unfinished"></translation>
+        <translation>Gap along tray X (mm)</translation>
     </message>
     <message>
         <source>托盘X方向间隙</source>
-        <translation type="unfinished"></translation>
+        <translation>Gap along X</translation>
     </message>
     <message>
         <source>托盘Y方向间隙(mm)</source>
-        <translation type="unfinished"></translation>
+        <translation>Gap along tray Y (mm)</translation>
     </message>
     <message>
         <source>托盘Y方向间隙</source>
-        <translation type="unfinished"></translation>
+        <translation>Gap along Y</translation>
     </message>
     <message>
         <source>取消</source>
@@ -1296,87 +1347,87 @@ controller</translation>
     </message>
     <message>
         <source>接近参数</source>
-        <translation type="unfinished"></translation>
+        <translation>Approach</translation>
     </message>
     <message>
         <source>接近方式</source>
-        <translation type="unfinished"></translation>
+        <translation>Way</translation>
     </message>
     <message>
         <source>接近使能</source>
-        <translation type="unfinished"></translation>
+        <translation>Approach</translation>
     </message>
     <message>
         <source>下降接近</source>
-        <translation type="unfinished"></translation>
+        <translation>Down, then in</translation>
     </message>
     <message>
         <source>接近下降</source>
-        <translation type="unfinished"></translation>
+        <translation>In, then down</translation>
     </message>
     <message>
         <source>接近长度</source>
-        <translation type="unfinished"></translation>
+        <translation>Lengths</translation>
     </message>
     <message>
         <source>托盘X方向长度(mm)</source>
-        <translation type="unfinished"></translation>
+        <translation>Along tray X (mm)</translation>
     </message>
     <message>
         <source>托盘X方向长度</source>
-        <translation type="unfinished"></translation>
+        <translation>Length along X</translation>
     </message>
     <message>
         <source>托盘Y方向长度(mm)</source>
-        <translation type="unfinished"></translation>
+        <translation>Along tray Y (mm)</translation>
     </message>
     <message>
         <source>托盘Y方向长度</source>
-        <translation type="unfinished"></translation>
+        <translation>Length along Y</translation>
     </message>
     <message>
         <source>托盘Z方向长度(mm)</source>
-        <translation type="unfinished"></translation>
+        <translation>Along tray Z (mm)</translation>
     </message>
     <message>
         <source>托盘Z方向长度</source>
-        <translation type="unfinished"></translation>
+        <translation>Length along Z</translation>
     </message>
     <message>
         <source>重叠模式</source>
-        <translation type="unfinished"></translation>
+        <translation>Layers</translation>
     </message>
     <message>
         <source>说明</source>
-        <translation type="unfinished"></translation>
+        <translation>Help</translation>
     </message>
     <message>
         <source>层与重复</source>
-        <translation type="unfinished"></translation>
+        <translation>Layers and repeat</translation>
     </message>
     <message>
         <source>层数</source>
-        <translation type="unfinished"></translation>
+        <translation>Layers</translation>
     </message>
     <message>
         <source>重复关系</source>
-        <translation type="unfinished"></translation>
+        <translation>Repeat</translation>
     </message>
     <message>
         <source>重复</source>
-        <translation type="unfinished"></translation>
+        <translation>Repeat</translation>
     </message>
     <message>
         <source>码放方式</source>
-        <translation type="unfinished"></translation>
+        <translation>Placing</translation>
     </message>
     <message>
         <source>放货点高度补偿(mm)</source>
-        <translation type="unfinished"></translation>
+        <translation>Place height offset (mm)</translation>
     </message>
     <message>
         <source>放货点高度补偿</source>
-        <translation type="unfinished"></translation>
+        <translation>Place height offset</translation>
     </message>
     <message>
         <source>完整码垛</source>
@@ -1516,127 +1567,127 @@ controller</translation>
     </message>
     <message>
         <source>图形编号</source>
-        <translation type="unfinished"></translation>
+        <translation>Pattern no.</translation>
     </message>
     <message>
         <source>图形模板</source>
-        <translation type="unfinished"></translation>
+        <translation>Template</translation>
     </message>
     <message>
         <source>行列</source>
-        <translation type="unfinished"></translation>
+        <translation>Ranks</translation>
     </message>
     <message>
         <source>纵横交错</source>
-        <translation type="unfinished"></translation>
+        <translation>Crisscross</translation>
     </message>
     <message>
         <source>回字型</source>
-        <translation type="unfinished"></translation>
+        <translation>Hui type</translation>
     </message>
     <message>
         <source>X平移补偿</source>
-        <translation type="unfinished"></translation>
+        <translation>Shift X</translation>
     </message>
     <message>
         <source>Y平移补偿</source>
-        <translation type="unfinished"></translation>
+        <translation>Shift Y</translation>
     </message>
     <message>
         <source>X方向个数</source>
-        <translation type="unfinished"></translation>
+        <translation>Number along X</translation>
     </message>
     <message>
         <source>行列X方向个数</source>
-        <translation type="unfinished"></translation>
+        <translation>Ranks, number along X</translation>
     </message>
     <message>
         <source>个</source>
-        <translation type="unfinished"></translation>
+        <translation>pcs</translation>
     </message>
     <message>
         <source>Y方向个数</source>
-        <translation type="unfinished"></translation>
+        <translation>Number along Y</translation>
     </message>
     <message>
         <source>行列Y方向个数</source>
-        <translation type="unfinished"></translation>
+        <translation>Ranks, number along Y</translation>
     </message>
     <message>
         <source>整体旋转（°）</source>
-        <translation type="unfinished"></translation>
+        <translation>Turn of the whole (°)</translation>
     </message>
     <message>
         <source>0</source>
-        <translation type="unfinished"></translation>
+        <translation>0</translation>
     </message>
     <message>
         <source>90</source>
-        <translation type="unfinished"></translation>
+        <translation>90</translation>
     </message>
     <message>
         <source>180</source>
-        <translation type="unfinished"></translation>
+        <translation>180</translation>
     </message>
     <message>
         <source>-90</source>
-        <translation type="unfinished"></translation>
+        <translation>-90</translation>
     </message>
     <message>
         <source>单件旋转（°）</source>
-        <translation type="unfinished"></translation>
+        <translation>Turn of each piece (°)</translation>
     </message>
     <message>
         <source>转换为自定义</source>
-        <translation type="unfinished"></translation>
+        <translation>Convert to custom</translation>
     </message>
     <message>
         <source>纵横交错X方向个数</source>
-        <translation type="unfinished"></translation>
+        <translation>Crisscross, number along X</translation>
     </message>
     <message>
         <source>纵横交错Y方向个数</source>
-        <translation type="unfinished"></translation>
+        <translation>Crisscross, number along Y</translation>
     </message>
     <message>
         <source>工件总数</source>
-        <translation type="unfinished"></translation>
+        <translation>Workpieces</translation>
     </message>
     <message>
         <source>拖拽设置</source>
-        <translation type="unfinished"></translation>
+        <translation>Drag</translation>
     </message>
     <message>
         <source>预览</source>
-        <translation type="unfinished"></translation>
+        <translation>Preview</translation>
     </message>
     <message>
         <source>接近方向说明</source>
-        <translation type="unfinished"></translation>
+        <translation>Directions</translation>
     </message>
     <message>
         <source>上移</source>
-        <translation type="unfinished"></translation>
+        <translation>Up</translation>
     </message>
     <message>
         <source>下移</source>
-        <translation type="unfinished"></translation>
+        <translation>Down</translation>
     </message>
     <message>
         <source>页</source>
-        <translation type="unfinished"></translation>
+        <translation>Page</translation>
     </message>
     <message>
         <source>/1</source>
-        <translation type="unfinished"></translation>
+        <translation>/1</translation>
     </message>
     <message>
         <source>结束</source>
-        <translation type="unfinished"></translation>
+        <translation>Finish</translation>
     </message>
     <message>
         <source>复制图形</source>
-        <translation type="unfinished">Copy pattern</translation>
+        <translation>Copy pattern</translation>
     </message>
     <message>
         <source>位置标定</source>
@@ -1692,19 +1743,19 @@ controller</translation>
     </message>
     <message>
         <source>托盘X方向长度参数有误!</source>
-        <translation type="unfinished"></translation>
+        <translation>The length along X is wrong!</translation>
     </message>
     <message>
         <source>托盘Y方向长度参数有误!</source>
-        <translation type="unfinished"></translation>
+        <translation>The length along Y is wrong!</translation>
     </message>
     <message>
         <source>托盘Z方向长度参数有误!</source>
-        <translation type="unfinished"></translation>
+        <translation>The length along Z is wrong!</translation>
     </message>
     <message>
         <source>设置接近信息</source>
-        <translation type="unfinished"></translation>
+        <translation>Approach set</translation>
     </message>
     <message>
         <source>直角</source>
@@ -1720,15 +1771,15 @@ controller</translation>
     </message>
     <message>
         <source>层</source>
-        <translation type="unfinished"></translation>
+        <translation>Layer</translation>
     </message>
     <message>
         <source>高度修正</source>
-        <translation type="unfinished"></translation>
+        <translation>Height</translation>
     </message>
     <message>
         <source>第%1层高度修正</source>
-        <translation type="unfinished"></translation>
+        <translation>Height of layer %1</translation>
     </message>
     <message>
         <source>已设定为简易码垛</source>
@@ -1760,55 +1811,55 @@ controller</translation>
     </message>
     <message>
         <source>放货点高度补偿参数有误!</source>
-        <translation type="unfinished"></translation>
+        <translation>The place height offset is wrong!</translation>
     </message>
     <message>
         <source>高度修正值范围为[-5000-5000]!</source>
-        <translation type="unfinished"></translation>
+        <translation>A height lies within -5000 and 5000!</translation>
     </message>
     <message>
         <source>设置重叠模式</source>
-        <translation type="unfinished"></translation>
+        <translation>Layers set</translation>
     </message>
     <message>
         <source>X方向平移距离参数有误!</source>
-        <translation type="unfinished"></translation>
+        <translation>The shift along X is wrong!</translation>
     </message>
     <message>
         <source>Y方向平移距离参数有误!</source>
-        <translation type="unfinished"></translation>
+        <translation>The shift along Y is wrong!</translation>
     </message>
     <message>
         <source>行列X方向个数参数有误!</source>
-        <translation type="unfinished"></translation>
+        <translation>Ranks: the number along X is wrong!</translation>
     </message>
     <message>
         <source>行列Y方向个数参数有误!</source>
-        <translation type="unfinished"></translation>
+        <translation>Ranks: the number along Y is wrong!</translation>
     </message>
     <message>
         <source>纵横交错X方向个数参数有误!</source>
-        <translation type="unfinished"></translation>
+        <translation>Crisscross: the number along X is wrong!</translation>
     </message>
     <message>
         <source>纵横交错Y方向个数参数有误!</source>
-        <translation type="unfinished"></translation>
+        <translation>Crisscross: the number along Y is wrong!</translation>
     </message>
     <message>
         <source>X自动平移距离%1</source>
-        <translation type="unfinished"></translation>
+        <translation>Automatic shift X %1</translation>
     </message>
     <message>
         <source>Y自动平移距离%1</source>
-        <translation type="unfinished"></translation>
+        <translation>Automatic shift Y %1</translation>
     </message>
     <message>
         <source>自定义图形不能在此保存</source>
-        <translation type="unfinished"></translation>
+        <translation>A custom pattern cannot be saved here</translation>
     </message>
     <message>
         <source>设置平面模式</source>
-        <translation type="unfinished"></translation>
+        <translation>Pattern set</translation>
     </message>
     <message>
         <source>位置 mm，姿态 °</source>
@@ -1848,51 +1899,51 @@ controller</translation>
     </message>
     <message>
         <source>工件尺寸长参数有误!</source>
-        <translation type="unfinished"></translation>
+        <translation>The length is wrong!</translation>
     </message>
     <message>
         <source>工件尺寸长应不超过5000!</source>
-        <translation type="unfinished"></translation>
+        <translation>The length must not exceed 5000!</translation>
     </message>
     <message>
         <source>工件尺寸宽参数有误!</source>
-        <translation type="unfinished"></translation>
+        <translation>The width is wrong!</translation>
     </message>
     <message>
         <source>工件尺寸宽应不超过5000!</source>
-        <translation type="unfinished"></translation>
+        <translation>The width must not exceed 5000!</translation>
     </message>
     <message>
         <source>工件尺寸高参数有误!</source>
-        <translation type="unfinished"></translation>
+        <translation>The height is wrong!</translation>
     </message>
     <message>
         <source>工件尺寸高应不超过5000!</source>
-        <translation type="unfinished"></translation>
+        <translation>The height must not exceed 5000!</translation>
     </message>
     <message>
         <source>托盘X方向间隙参数有误!</source>
-        <translation type="unfinished"></translation>
+        <translation>The gap along X is wrong!</translation>
     </message>
     <message>
         <source>托盘X方向间隙应不超过3000!</source>
-        <translation type="unfinished"></translation>
+        <translation>The gap along X must not exceed 3000!</translation>
     </message>
     <message>
         <source>托盘Y方向间隙参数有误!</source>
-        <translation type="unfinished"></translation>
+        <translation>The gap along Y is wrong!</translation>
     </message>
     <message>
         <source>托盘Y方向间隙应不超过3000!</source>
-        <translation type="unfinished"></translation>
+        <translation>The gap along Y must not exceed 3000!</translation>
     </message>
     <message>
         <source>设置工件信息</source>
-        <translation type="unfinished"></translation>
+        <translation>Workpiece set</translation>
     </message>
     <message>
         <source>打开后，每一层都在同一个高度松开工件。关闭时，松开工件的高度随层数升高。</source>
-        <translation type="unfinished"></translation>
+        <translation>On: every layer lets go of its pieces at one height. Off: the height rises with the layers.</translation>
     </message>
     <message>
         <source>完整码垛导航</source>
