@@ -7,7 +7,6 @@
 
 #include <QComboBox>
 #include <QCoreApplication>
-#include <QPoint>
 #include <QVariant>
 #include <algorithm>
 
@@ -100,19 +99,18 @@ bool selectProcessNumber(QComboBox *selector, const Reply &reply)
 
 bool followRow(QComboBox *selector, int row)
 {
-    constexpr char kFollowed[] =
-        "followedReply"; // rows before and after a reply moved the selector
+    // the row that a reply has selected, until the answer to the question that this caused
+    constexpr char kFollowed[] = "followedReply";
     const int before = selector->currentIndex();
     if (row == before) {
         selector->setProperty(kFollowed, QVariant());
         return true;
     }
-    const QPoint followed = selector->property(kFollowed).toPoint();
-    const bool isWayBack =
-        selector->property(kFollowed).isValid() && followed.x() == row && followed.y() == before;
-    if (isWayBack && Robot::getInstance()->isConnected())
+    const QVariant followed = selector->property(kFollowed);
+    const bool awaitsAnswer = followed.isValid() && followed.toInt() == before;
+    if (awaitsAnswer && Robot::getInstance()->isConnected())
         return false;
-    selector->setProperty(kFollowed, QPoint(before, row));
+    selector->setProperty(kFollowed, row);
     selector->setCurrentIndex(row);
     return true;
 }

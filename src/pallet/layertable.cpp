@@ -92,11 +92,11 @@ void LayerTable::setScrollBar(QScrollBar *bar)
     connect(bar, &QScrollBar::valueChanged, own, &QScrollBar::setValue);
 }
 
-void LayerTable::rebuild(int layers, Old old)
+void LayerTable::rebuild(const QVector<Layer> &layers, Old old)
 {
     m_isFilling = true;
     removeRows(old);
-    addRows(std::max(layers, 0));
+    addRows(layers);
     m_isFilling = false;
     writeHeader();
     scheduleDelayedItemsLayout();
@@ -113,6 +113,10 @@ void LayerTable::removeRows(Old old)
     }
     m_firstShown = 0;
     m_lastShown = -1;
+    // A widget that goes searches all posted events for its own. Each still has one if the event
+    // loop has not run since it was made; together they are done with in one pass.
+    if (old == Old::Deleted)
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::PolishRequest);
     for (int layer = 0; layer < m_graphics.size(); ++layer) {
         if (old == Old::Deleted) {
             delete m_graphics[layer];
@@ -127,24 +131,26 @@ void LayerTable::removeRows(Old old)
     setRowCount(0);
 }
 
-void LayerTable::addRows(int layers)
+void LayerTable::addRows(const QVector<Layer> &layers)
 {
-    setRowCount(layers + 1);
-    m_graphics.reserve(layers);
-    m_heights.reserve(layers);
-    for (int layer = 0; layer < layers; ++layer) {
-        const int row = layer + 1;
-        auto *number = new QTableWidgetItem(QString::number(layer + 1));
+    setRowCount(static_cast<int>(layers.size()) + 1);
+    m_graphics.reserve(layers.size());
+    m_heights.reserve(layers.size());
+    int row = 0;
+    for (const Layer &layer : layers) {
+        ++row;
+        auto *number = new QTableWidgetItem(QString::number(row));
         number->setTextAlignment(Qt::AlignCenter);
         setItem(row, Number, number);
 
         auto *graphic = new GraphicCell(viewport());
         graphic->insertItems(0, graphicNumbers());
+        graphic->setCurrentIndex(layer.row);
         setCellWidget(row, Graphic, graphic);
         m_graphics.append(graphic);
 
-        auto *height = new HeightCell(viewport());
-        height->setText(QStringLiteral("0"));
+        // a text that is set later costs a layout and a word to the accessibility tools
+        auto *height = new HeightCell(layer.height, viewport());
         setCellWidget(row, Height, height);
         m_heights.append(height);
     }

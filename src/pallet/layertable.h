@@ -24,11 +24,16 @@ public:
                      ///< that led here
     };
 
+    /// What a new row shows.
+    struct Layer {
+        int row = 0; ///< of the combo box; -1: no graphic
+        QString height = QStringLiteral("0");
+    };
+
     explicit LayerTable(QWidget *parent = nullptr);
 
-    /// Replaces all rows by the header row and `layers` new ones, each with the first graphic and
-    /// the height correction "0". 0 and below leave the header row alone.
-    void rebuild(int layers, Old old);
+    /// Replaces all rows by the header row and a row for each of `layers`.
+    void rebuild(const QVector<Layer> &layers, Old old);
     /// Lets a scroll bar beside the table move its rows, so that they can be looked through while
     /// the table is disabled.
     void setScrollBar(QScrollBar *bar);
@@ -47,7 +52,7 @@ protected:
 
 private:
     void removeRows(Old old);
-    void addRows(int layers);
+    void addRows(const QVector<Layer> &layers);
     void showCellsInView();
 
     QVector<QComboBox *> m_graphics;

@@ -65,6 +65,12 @@ int rowOf(double graphic)
     return graphic >= 1 && graphic < 10 ? static_cast<int>(graphic) - 1 : -1;
 }
 
+/// New layers, as many as a stack can have.
+QVector<LayerTable::Layer> stackOf(int layers)
+{
+    return QVector<LayerTable::Layer>(std::clamp(layers, 0, kMaxLayers));
+}
+
 /// Each layer takes the graphic of the layer `period` below it; the first ones keep theirs.
 void repeatGraphics(const QVector<QComboBox *> &graphics, int period)
 {
@@ -143,26 +149,27 @@ void TechnologyWidget::updatePalletOverlappingModel(const QByteArray &body)
         return;
     if (!overlap->has("pallet"))
         return;
-    if (const std::optional<int> layers = layersIn(*overlap))
-        fields::setText(ui->levelsnum, QString::number(*layers));
+    if (const std::optional<int> count = layersIn(*overlap))
+        fields::setText(ui->levelsnum, QString::number(*count));
     for (const Field &field : kOverlapping)
         fields::fill(field, ui, *overlap);
 
-    ui->overlapModeTab->rebuild(ui->levelsnum->text().toInt(), LayerTable::Old::Deleted);
-    takeLayers();
     const Json::Value *graphics = overlap->array("pallet", "graphicNum");
     const Json::Value *heights = overlap->array("pallet", "heightRevise");
-    for (int layer = 0; layer < overlapGraphicCombos.size(); ++layer) {
-        overlapGraphicCombos[layer]->setCurrentIndex(rowOf(numberAt(graphics, layer)));
-        overlapHeightEdits[layer]->setText(fields::shown(numberAt(heights, layer)));
+    QVector<LayerTable::Layer> layers = stackOf(ui->levelsnum->text().toInt());
+    for (int layer = 0; layer < layers.size(); ++layer) {
+        layers[layer].row = rowOf(numberAt(graphics, layer));
+        layers[layer].height = fields::shown(numberAt(heights, layer));
     }
+    ui->overlapModeTab->rebuild(layers, LayerTable::Old::Deleted);
+    takeLayers();
     followFirstLayers();
 }
 
 /// The table anew, for so many layers.
 void TechnologyWidget::overlapModeTab(int layers)
 {
-    ui->overlapModeTab->rebuild(std::min(layers, kMaxLayers), LayerTable::Old::DeletedLater);
+    ui->overlapModeTab->rebuild(stackOf(layers), LayerTable::Old::DeletedLater);
     takeLayers();
 }
 

@@ -18,7 +18,9 @@ bool comesBack(const QFocusEvent *event)
 
 } // namespace
 
-DigitalLineEdit::DigitalLineEdit(QWidget *parent) : QLineEdit(parent)
+DigitalLineEdit::DigitalLineEdit(QWidget *parent) : DigitalLineEdit(QString(), parent) { }
+
+DigitalLineEdit::DigitalLineEdit(const QString &text, QWidget *parent) : QLineEdit(text, parent)
 {
     setContextMenuPolicy(Qt::NoContextMenu);
     connect(this, &QLineEdit::textEdited, this, [this] { m_edited = true; });

@@ -14,6 +14,7 @@ class DigitalLineEdit : public QLineEdit {
     Q_OBJECT
 public:
     explicit DigitalLineEdit(QWidget *parent = nullptr);
+    explicit DigitalLineEdit(const QString &text, QWidget *parent = nullptr);
 
 signals:
     /// The entry is confirmed (keypad OK, Enter), or an edited field was left. Not emitted when an

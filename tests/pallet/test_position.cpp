@@ -3,6 +3,7 @@
 
 #include "positionpage.h"
 
+#include "pendantstyle.h"
 #include "shell/buttonstyle.h"
 #include "shell/pagetable.h"
 
@@ -137,6 +138,7 @@ private:
 private slots:
     void initTestCase()
     {
+        PendantStyle::apply(*qApp);
         robot = Robot::getInstance();
         pages = TechnologyWidget::getInstance();
         pages->resize(714, 504);
@@ -225,10 +227,11 @@ private slots:
     {
         const auto *button = child<QPushButton>(pages, "moveToJobPoint");
         const QPoint before = button->mapTo(pages, QPoint());
+        const QSize size = pages->size();
         teach("1e308 1e308 1e308 1e308 1e308 1e308 1e308");
         QCoreApplication::processEvents();
         QCOMPARE(button->mapTo(pages, QPoint()), before);
-        QCOMPARE(pages->size(), QSize(714, 504));
+        QCOMPARE(pages->size(), size);
     }
 
     // ---- the running position -------------------------------------------------------------------

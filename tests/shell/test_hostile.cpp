@@ -185,6 +185,88 @@ const QVector<Subject> &subjects()
          [](const QByteArray &body) {
              emit Robot::getInstance()->robot_user_suc(static_cast<int>(body.size()) - 1);
          }},
+        {"robot_pallet_WorkpieceParameter(QByteArray)",
+         "updatePalletWorkpieceParameter(QByteArray)",
+         wire::reply::robot_pallet_WorkpieceParameter,
+         "{\"robot\":1,\"craftID\":1,\"pallet\":{\"workpieceLength\":300,\"workpieceWidth\":200,"
+         "\"workpieceHeight\":150.5,\"workpieceGapX\":10,\"workpieceGapY\":0}}\n",
+         "craftID",
+         "m_pPalletCraftNum",
+         {QStringLiteral("Workpiecelength"), QStringLiteral("Workpiecewidth"),
+          QStringLiteral("Workpieceheight"), QStringLiteral("WorkpieceintervalX"),
+          QStringLiteral("WorkpieceintervalY")},
+         "workpieceModifyBtn",
+         &TechnologyWidget::palletWorkpieceParaWidget,
+         [](const QByteArray &body) {
+             emit Robot::getInstance()->robot_pallet_WorkpieceParameter(body);
+         },
+         {},
+         false},
+        {"robot_pallet_ApproachParameter(QByteArray)",
+         "updatePalletApproachParameter(QByteArray)",
+         wire::reply::robot_pallet_ApproachParameter,
+         "{\"robot\":1,\"craftID\":1,\"pallet\":{\"workpieceApproEnable\":true,"
+         "\"workpieceApproMode\":1,\"workpieceApproLenX\":10,\"workpieceApproLenY\":20.5,"
+         "\"workpieceApproLenZ\":30}}\n",
+         "craftID",
+         "m_pPalletCraftNum",
+         {QStringLiteral("approachWorkpiecelength"), QStringLiteral("approachWorkpiecewidth"),
+          QStringLiteral("approachWorkpieceheight")},
+         "approachModifyBtn",
+         &TechnologyWidget::palletApproachParaWidget,
+         [](const QByteArray &body) {
+             emit Robot::getInstance()->robot_pallet_ApproachParameter(body);
+         },
+         {},
+         false},
+        {"robot_pallet_OverlappingModel(QByteArray)",
+         "updatePalletOverlappingModel(QByteArray)",
+         wire::reply::robot_pallet_OverlappingModel,
+         "{\"robot\":1,\"craftID\":1,\"pallet\":{\"floorSum\":3,\"overlapType\":2,"
+         "\"layHeightOffset\":1.5,\"fixedLayHeight\":true,\"columnLay\":false,"
+         "\"floorAutoJustified\":true,\"poseAutorotation\":false,\"graphicNum\":[1,2,9],"
+         "\"heightRevise\":[0,-5,5.5]}}\n",
+         "craftID",
+         "m_pPalletCraftNum",
+         {QStringLiteral("levelsnum"), QStringLiteral("altimetricCompensationEdit")},
+         "overlappingModifyBtn",
+         &TechnologyWidget::palletOverlappingModelWidget,
+         [](const QByteArray &body) {
+             emit Robot::getInstance()->robot_pallet_OverlappingModel(body);
+         },
+         {},
+         false},
+        {"robot_pallet_PlaneModel(QByteArray)",
+         "updatePalletPlaneModel(QByteArray)",
+         wire::reply::robot_pallet_PlaneModel,
+         "{\"robot\":1,\"craftID\":1,\"graphic\":1,\"pallet\":{\"graphicType\":0,"
+         "\"transLenX\":1.5,\"transLenY\":-2,\"autoTransLenX\":3,\"autoTransLenY\":4,"
+         "\"ranks\":{\"numX\":4,\"numY\":3,\"rotationAngleWhole\":90,"
+         "\"rotationAngleSingle\":-90}}}\n",
+         "craftID",
+         "m_pPalletCraftNum",
+         {QStringLiteral("xDirectionMoveDistance"), QStringLiteral("yDirectionMoveDistance"),
+          QStringLiteral("ranksXDirectionNum"), QStringLiteral("ranksYDirectionNum")},
+         "planeModifyBtn",
+         &TechnologyWidget::palletPlaneModelWidget,
+         [](const QByteArray &body) { emit Robot::getInstance()->robot_pallet_PlaneModel(body); },
+         {},
+         false,
+         true},
+        {"robot_pallet_ChangeModel(QByteArray)",
+         "updatePalletChangeModel(QByteArray)",
+         wire::reply::robot_pallet_ChangeModel,
+         "{\"robot\":1,\"craftID\":1,\"graphic\":1,\"pallet\":{\"graphicType\":3,"
+         "\"transLenX\":1.5,\"transLenY\":-2,\"autoTransLenX\":3,\"autoTransLenY\":4}}\n",
+         "craftID",
+         "m_pPalletCraftNum",
+         {QStringLiteral("xDirectionMoveDistance"), QStringLiteral("yDirectionMoveDistance")},
+         nullptr,
+         &TechnologyWidget::palletPlaneModelWidget,
+         [](const QByteArray &body) { emit Robot::getInstance()->robot_pallet_ChangeModel(body); },
+         {},
+         false,
+         true},
     };
     return table;
 }
@@ -289,11 +371,26 @@ struct Harm {
     QByteArray text;
 };
 
-QVector<Harm> harms()
+/// Values that cost time to read; one place of a reply is enough for them.
+QVector<Harm> heavyHarms()
 {
     QByteArray objects;
     for (int i = 0; i < 100000; ++i)
         objects += "{\"X\":";
+    QVector<Harm> list;
+    list.append(Harm{"100,000 arrays", QByteArray(100000, '[') + QByteArray(100000, ']')});
+    list.append(Harm{"100,000 arrays, open", QByteArray(100000, '[')});
+    list.append(Harm{"100,000 objects", objects + "1" + QByteArray(100000, '}')});
+    list.append(Harm{"100,000 objects, open", objects});
+    list.append(Harm{"10 MB of digits", QByteArray(10 * 1024 * 1024, '9')});
+    list.append(Harm{"3 MB of digits", QByteArray(3 * 1024 * 1024, '9')});
+    list.append(Harm{"3 MB of decimals", "0." + QByteArray(3 * 1024 * 1024, '3')});
+    list.append(Harm{"3 MB of text", "\"" + QByteArray(3 * 1024 * 1024, 'x') + "\""});
+    return list;
+}
+
+QVector<Harm> harms()
+{
     QVector<Harm> list;
     for (const char *text : {"null",
                              "true",
@@ -347,14 +444,6 @@ QVector<Harm> harms()
                              "[1",
                              "{\"X\""})
         list.append(Harm{text, text});
-    list.append(Harm{"100,000 arrays", QByteArray(100000, '[') + QByteArray(100000, ']')});
-    list.append(Harm{"100,000 arrays, open", QByteArray(100000, '[')});
-    list.append(Harm{"100,000 objects", objects + "1" + QByteArray(100000, '}')});
-    list.append(Harm{"100,000 objects, open", objects});
-    list.append(Harm{"10 MB of digits", QByteArray(10 * 1024 * 1024, '9')});
-    list.append(Harm{"3 MB of digits", QByteArray(3 * 1024 * 1024, '9')});
-    list.append(Harm{"3 MB of decimals", "0." + QByteArray(3 * 1024 * 1024, '3')});
-    list.append(Harm{"3 MB of text", "\"" + QByteArray(3 * 1024 * 1024, 'x') + "\""});
     list.append(Harm{"a long list", "[" + QByteArray(100000, ' ').replace(" ", "1,") + "1]"});
     list.append(Harm{"invalid UTF-8", "\"\xff\xfe\xc3\x28\xf0\x28\x8c\x28\""});
     list.append(Harm{"bytes", QByteArray::fromHex("00ff80c328efbfbf")});
@@ -367,6 +456,20 @@ class TestHostile : public QObject {
     Q_OBJECT
 private:
     TechnologyWidget *pages = nullptr;
+    QHash<QString, QWidget *> widgets; ///< by name: a search of the whole form takes its time
+
+    template <typename Widget> Widget *widget(const QString &name) const
+    {
+        auto *found = qobject_cast<Widget *>(widgets.value(name));
+        if (!found)
+            qFatal("there is no %s of the name %s", Widget::staticMetaObject.className(),
+                   qPrintable(name));
+        return found;
+    }
+    template <typename Widget> Widget *widget(const char *name) const
+    {
+        return widget<Widget>(QString::fromLatin1(name));
+    }
 
     struct State {
         int row = -1;
@@ -379,18 +482,18 @@ private:
     {
         State state;
         if (subject.selector)
-            state.row = support::child<QComboBox>(pages, subject.selector)->currentIndex();
+            state.row = widget<QComboBox>(subject.selector)->currentIndex();
         for (const QString &field : subject.fields) {
-            const auto *edit = support::child<QLineEdit>(pages, field);
+            const auto *edit = widget<QLineEdit>(field);
             state.texts += edit->text();
             state.enabled = edit->isEnabledTo(edit->parentWidget());
         }
         for (const QString &name : subject.switched) {
-            const auto *widget = support::child<QWidget>(pages, name);
-            state.enabled = widget->isEnabledTo(widget->parentWidget());
+            const auto *control = widget<QWidget>(name);
+            state.enabled = control->isEnabledTo(control->parentWidget());
         }
         if (subject.modify)
-            state.modify = support::child<QPushButton>(pages, subject.modify)->text();
+            state.modify = widget<QPushButton>(subject.modify)->text();
         return state;
     }
 
@@ -399,7 +502,7 @@ private:
     {
         const State after = stateOf(subject);
         if (subject.selector) {
-            const int rows = support::child<QComboBox>(pages, subject.selector)->count();
+            const int rows = widget<QComboBox>(subject.selector)->count();
             if (rows != 9 || after.row < -1 || after.row > 8)
                 return QStringLiteral("row %1 of %2").arg(after.row).arg(rows);
         }
@@ -411,8 +514,8 @@ private:
                     .arg(subject.fields.at(i), after.texts.at(i).left(40));
         }
         for (const QString &field : subject.fields + subject.switched) {
-            const auto *widget = support::child<QWidget>(pages, field);
-            if (widget->isEnabledTo(widget->parentWidget()) != after.enabled)
+            const auto *control = widget<QWidget>(field);
+            if (control->isEnabledTo(control->parentWidget()) != after.enabled)
                 return QStringLiteral("some fields are enabled, some are not");
         }
         if (!subject.modify)
@@ -429,12 +532,12 @@ private:
     void open(const Subject &subject, bool editing) const
     {
         if (subject.selector)
-            support::child<QComboBox>(pages, subject.selector)->setCurrentIndex(0);
+            widget<QComboBox>(subject.selector)->setCurrentIndex(0);
         (pages->*subject.show)();
         support::receive(subject.id, subject.valid);
         PromptWidget::getInstance()->close(); // the operator has read what the reply put up
         if (editing && subject.modify)
-            support::click(pages, subject.modify);
+            QTest::mouseClick(widget<QPushButton>(subject.modify), Qt::LeftButton);
     }
 
     /// Delivers a body in view and in edit state, by the link's entry and straight to the slot.
@@ -461,8 +564,7 @@ private:
     {
         open(subject, false);
         const QStringList good = stateOf(subject).texts;
-        if (subject.selector
-            && support::child<QComboBox>(pages, subject.selector)->currentIndex() != 0)
+        if (subject.selector && widget<QComboBox>(subject.selector)->currentIndex() != 0)
             return QStringLiteral("the number is lost");
         for (const QString &text : good) {
             bool isNumber = false;
@@ -472,9 +574,9 @@ private:
         }
         if (!subject.modify)
             return {};
-        support::click(pages, subject.modify);
+        QTest::mouseClick(widget<QPushButton>(subject.modify), Qt::LeftButton);
         support::Journal journal;
-        support::click(pages, subject.modify);
+        QTest::mouseClick(widget<QPushButton>(subject.modify), Qt::LeftButton);
         return journal.messages().size() == subject.messagesOfASave
             ? QString()
             : QStringLiteral("it does not save");
@@ -486,6 +588,9 @@ private slots:
         App::sysUser = AUTHORITY_ADMINISTRATOR;
         MoreRobot::setCurrentRobot(1);
         pages = TechnologyWidget::getInstance();
+        const auto all = pages->findChildren<QWidget *>();
+        for (QWidget *each : all)
+            widgets.insert(each->objectName(), each);
         pages->resize(714, 504);
         pages->show();
     }
@@ -494,13 +599,13 @@ private slots:
     void everySlotIsASubject()
     {
         const QMetaObject &robot = Robot::staticMetaObject;
-        const QMetaObject &widget = TechnologyWidget::staticMetaObject;
+        const QMetaObject &component = TechnologyWidget::staticMetaObject;
         int found = 0;
         for (const Pair &pair : kPairs) {
             QVERIFY2(robot.indexOfSignal(QMetaObject::normalizedSignature(pair.signal).constData())
                          >= 0,
                      pair.signal);
-            if (widget.indexOfSlot(QMetaObject::normalizedSignature(pair.slot).constData()) < 0)
+            if (component.indexOfSlot(QMetaObject::normalizedSignature(pair.slot).constData()) < 0)
                 continue;
             const bool isSubject =
                 std::any_of(subjects().begin(), subjects().end(), [&](const Subject &subject) {
@@ -559,6 +664,34 @@ private slots:
         parent.removeMember(keys.back());
         QCOMPARE(attack(row, wire::writeLine(without)), QString());
         QCOMPARE(worksOn(row), QString());
+    }
+
+    /// Depth and length beyond all measure, at the innermost value of a reply.
+    void heavyValues()
+    {
+        const QVector<Harm> list = heavyHarms();
+        for (const Subject &subject : subjects()) {
+            std::vector<std::vector<std::string>> paths;
+            collectPaths(support::json(subject.valid), {}, paths);
+            const auto deepest = std::max_element(
+                paths.begin(), paths.end(),
+                [](const auto &one, const auto &other) { return one.size() < other.size(); });
+            Json::Value marked = support::json(subject.valid);
+            at(marked, *deepest) = "@here@";
+            const QByteArray frame = wire::writeLine(marked);
+            for (const Harm &harm : list) {
+                QByteArray body = frame;
+                body.replace("\"@here@\"", harm.text);
+                open(subject, true);
+                const State before = stateOf(subject);
+                support::receive(subject.id, body);
+                subject.deliver(body);
+                const QString wrong = complaint(subject, before);
+                QVERIFY2(wrong.isEmpty(),
+                         qPrintable(QString::fromLatin1(harm.name) + QLatin1String(": ") + wrong));
+            }
+            QCOMPARE(worksOn(subject), QString());
+        }
     }
 
     void wholeBodies()
@@ -644,7 +777,7 @@ private slots:
         for (const Subject &subject : subjects()) {
             if (!subject.numberKey || !subject.selector)
                 continue;
-            const auto *selector = support::child<QComboBox>(pages, subject.selector);
+            const auto *selector = widget<QComboBox>(subject.selector);
             struct Row {
                 const char *number;
                 int row;

@@ -452,13 +452,14 @@ private slots:
     {
         QFETCH(QString, typed);
         QFETCH(QString, kept);
+        TechnologyWidget fresh(nullptr);
         for (const char *name : {"levelsnum", "workPieceNum"}) {
-            auto *edit = child<QLineEdit>(pages, name);
+            auto *edit = child<QLineEdit>(&fresh, name);
+            edit->setEnabled(true);
             edit->clear();
             support::enter(edit, typed);
             QCOMPARE(edit->text(), kept);
             QCOMPARE(edit->hasAcceptableInput(), !kept.isEmpty());
-            edit->clear();
         }
     }
 

@@ -112,6 +112,52 @@ private slots:
         }
     }
 
+    /// A list of workpieces comes in chunks; a controller that is killed between them has the list
+    /// that was complete before.
+    void aLayoutSurvivesKill()
+    {
+        const QTemporaryDir directory;
+        const QStringList arguments{QStringLiteral("--data"), directory.path()};
+        const auto send = [this](int sum, int start, int x) {
+            QByteArray items;
+            const int count = qMin(10, sum - start + 1);
+            for (int i = 0; i < count; ++i)
+                items += (i ? "," : "") + QByteArray("{\"X\":") + QByteArray::number(x) + "}";
+            robot->sendCommandData(message::SetPalletPlane,
+                                   "{\"robot\":1,\"craftID\":1,\"graphic\":2,\"pallet\":{"
+                                   "\"graphicType\":3,\"custom\":{\"sum\":"
+                                       + QByteArray::number(sum)
+                                       + ",\"start\":" + QByteArray::number(start)
+                                       + ",\"count\":" + QByteArray::number(count)
+                                       + ",\"eachVec\":[" + items + "]}}}");
+        };
+        {
+            Server server(arguments);
+            QVERIFY(connectTo(server));
+            for (const int start : {1, 11, 21})
+                send(25, start, 7);
+            for (const int start : {1, 11}) // and half of another
+                send(25, start, 8);
+            QVERIFY(!get(9).isEmpty()); // answered behind the sets
+            server.process.kill(); // SIGKILL
+            QVERIFY(server.process.waitForFinished());
+            QTRY_COMPARE(robot->link(), Robot::Link::Lost);
+            robot->disconnectFromController();
+        }
+        Server server(arguments);
+        QVERIFY(connectTo(server));
+        QSignalSpy replies(robot, &Robot::robot_pallet_PlaneModel);
+        robot->sendCommandData(message::GetPalletPlane,
+                               "{\"robot\":1,\"craftID\":1,\"graphic\":2}");
+        QTRY_COMPARE(static_cast<int>(replies.count()), 3);
+        for (const QList<QVariant> &reply : replies) {
+            const QByteArray body = reply.first().toByteArray();
+            QVERIFY(body.contains("\"sum\":25"));
+            QVERIFY(body.contains("\"X\":7.0"));
+            QVERIFY(!body.contains("\"X\":8.0"));
+        }
+    }
+
     void storeSurvivesKillAmongSets()
     {
         // Killed somewhere in a burst of sets: what is read afterwards is one of the values sent,

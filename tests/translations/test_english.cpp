@@ -93,10 +93,11 @@ private slots:
             const QByteArray what = (message.context + QStringLiteral(": ") + message.source
                                      + QStringLiteral(" -> ") + message.translation)
                                         .toUtf8();
-            QVERIFY2(found(message.translation, QStringLiteral("\\p{Han}")).isEmpty(), what);
+            QVERIFY2(found(message.translation, QStringLiteral("\\p{Han}")).isEmpty(),
+                     what.constData());
             QVERIFY2(found(message.translation, QStringLiteral("%\\d"))
                          == found(message.source, QStringLiteral("%\\d")),
-                     what);
+                     what.constData());
         }
     }
 };
