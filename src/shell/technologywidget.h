@@ -8,9 +8,9 @@
 #include <QStackedWidget>
 #include <QString>
 #include <QVector>
-#include <json/json.h>
 #include <array>
 #include <initializer_list>
+#include <json/json.h>
 
 namespace Json {
 class Value;
@@ -47,7 +47,7 @@ signals:
     /// The current user coordinates changed; the main window shows them.
     void showPalletCurrentUserCoords();
 
-    // ---- Shell: shell/technologywidget.cpp, shell/menu.cpp · page 0 ----------------------------
+    // ---- Shell: shell/technologywidget.cpp, shell/menu.cpp · page 0 ----
 public:
     /// Hides this widget and the host of the sibling pages. For the surrounding application.
     void hideWgt();
@@ -62,7 +62,7 @@ public slots:
     void showVisionpage();
     void return_mainPage();
 
-    // ---- Validators: shell/validators.cpp ------------------------------------------------------
+    // ---- Validators: shell/validators.cpp ----
     // Each matches the whole text against a pattern that is fixed as it stands.
 public:
     bool isStrMatchReg(QString text, QString pattern);
@@ -80,7 +80,7 @@ public:
     bool isValidpointtime(QString text); ///< 1, or 0 with a point and up to 2 places
     bool isValidx(QString text); ///< above 0 up to 10, at most 2 places
 
-    // ---- Palletising: pallet/pallet.cpp · pages 1 to 5, 13, 14, 23 to 42, 57, 58 ----------------
+    // ---- Palletising: pallet/pallet.cpp · pages 1 to 5, 13, 14, 23 to 42, 57, 58 ----
 public slots:
     void return_PalletPage();
 
@@ -185,7 +185,8 @@ public slots:
     void changeLevelsAutoAlignmentBtnState();
     void changePoseAutorotationBtnState();
 
-    // Plane pattern: pallet/plane.cpp · page 30 · SetPalletPlane, GetPalletPlane, ConvertPalletPlane
+    // Plane pattern: pallet/plane.cpp · page 30 · SetPalletPlane, GetPalletPlane,
+    // ConvertPalletPlane
     void palletPlaneModelWidget();
     void changePlanePicturesNum();
     void planeTemplateSelectionWidget();
@@ -198,27 +199,22 @@ public slots:
     void ranksToCustom();
     void on_planeModifyBtn_clicked();
 
-    // ---- Conveyor tracking: conveyor/conveyor.cpp · pages 6 to 12, 55, 56
-    // ------------------------
+    // ---- Conveyor tracking: conveyor/conveyor.cpp · pages 6 to 12, 55, 56 ----
 
-    // ---- Laser cutting: laser/laser.cpp · pages 15 to 22
-    // -----------------------------------------
+    // ---- Laser cutting: laser/laser.cpp · pages 15 to 22 ----
 public slots:
     void LaserMainPage();
 
-    // ---- Special process: project/project.cpp · pages 43 to 46
-    // -----------------------------------
+    // ---- Special process: project/project.cpp · pages 43 to 46 ----
     void ShowBWBJobList();
 
-    // ---- Polishing: polish/polish.cpp · pages 47, 48 · messages SetPolish, GetPolish
-    // --------------
+    // ---- Polishing: polish/polish.cpp · pages 47, 48 · messages SetPolish, GetPolish ----
     void showPolish();
     void modifypolish();
     void updatePolishParam(const QByteArray &reply);
     void return_polishwiget();
 
-    // ---- Spraying: spray/spray.cpp · pages 49 to 54
-    // -----------------------------------------------
+    // ---- Spraying: spray/spray.cpp · pages 49 to 54 ----
     void return_spraywiget();
 
 protected:
@@ -226,8 +222,7 @@ protected:
     void showEvent(QShowEvent *event) override;
 
 private:
-    // ---- Shell
-    // -----------------------------------------------------------------------------------
+    // ---- Shell ----
     void initTechButtons();
     void initFirstLevelFonts();
     void reduceMenuToSpecialProcess();
@@ -237,8 +232,7 @@ private:
     void showTitleAndPage(page::Index index);
     void showHostedPage(int type, int group, int title);
 
-    // ---- Packages
-    // --------------------------------------------------------------------------------
+    // ---- Packages ----
     void initPalletTechInterface();
     void initPalletMode();
     void initGripper();
@@ -288,8 +282,7 @@ private:
 
     static TechnologyWidget *instance;
 
-    // ---- Shell
-    // -----------------------------------------------------------------------------------
+    // ---- Shell ----
     Ui_TechnologyWidget *ui; ///< the form, freed first in the destructor
     Robot *robot; ///< every message and every reply goes through it; not owned
     PromptWidget *promptWidget = nullptr; ///< every question goes through it; not owned
@@ -332,8 +325,7 @@ private:
     QVector<QLabel *> jobLabels;
     QHash<QTimer *, int> hiddenPolls; ///< timers that ended while their page was out of sight
 
-    // ---- Conveyor tracking, laser, special process
-    // -------------------------------------------------
+    // ---- Conveyor tracking, laser, special process ----
     QTimer *trackSpeedTimer = nullptr;
     QTimer *laserStateTimer = nullptr;
     QTimer *bwbPositionTimer = nullptr;
