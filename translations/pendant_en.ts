@@ -1218,10 +1218,6 @@ controller</translation>
         <translation>Fixed place height</translation>
     </message>
     <message>
-        <source>关闭</source>
-        <translation>Off</translation>
-    </message>
-    <message>
         <source>上一页</source>
         <translation>Previous</translation>
     </message>
@@ -1235,7 +1231,7 @@ controller</translation>
     </message>
     <message>
         <source>打开后，一个位置先码满所有层，再码下一个位置。每一层的图形因此必须一样，重复关系固定为“相同”。</source>
-        <translation>On: one place is stacked through all layers before the next begins. So every layer must have the same pattern, and the repeat mode stays at “Same”.</translation>
+        <translation>On: one place is stacked through all layers before the next begins. So every layer must have the same pattern, and the repeat mode stays at &quot;Same&quot;.</translation>
     </message>
     <message>
         <source>层自动对齐</source>
@@ -1279,11 +1275,11 @@ controller</translation>
     </message>
     <message>
         <source>“重复”按钮</source>
-        <translation>The key “Repeat”</translation>
+        <translation>The button &quot;Repeat&quot;</translation>
     </message>
     <message>
         <source>自定义：每一层的图形单独选择。在表中选中一层再按“重复”，它下面的各层就从这一层起依次重复；选中第1层时，所有层都使用第1层的图形。高度修正不变。</source>
-        <translation>Custom: each layer has a pattern of its own. Select a layer and press “Repeat”: from there on the layers below it are repeated in turn; with layer 1 selected, all layers take its pattern. Heights stay.</translation>
+        <translation>Custom: each layer has a pattern of its own. Select a layer and press &quot;Repeat&quot;: from there on the layers below it are repeated in turn; with layer 1 selected, all layers take its pattern. Heights stay.</translation>
     </message>
     <message>
         <source>工件参数</source>
@@ -1952,6 +1948,14 @@ controller</translation>
     <message>
         <source>简易码垛导航</source>
         <translation>Easy mode</translation>
+    </message>
+    <message>
+        <source>关</source>
+        <translation>Off</translation>
+    </message>
+    <message>
+        <source>开</source>
+        <translation>On</translation>
     </message>
 </context>
 <context>
