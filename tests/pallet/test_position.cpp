@@ -211,7 +211,8 @@ private slots:
         for (const auto *label : stage->findChildren<QLabel *>()) {
             const QRect place(label->mapTo(stage, QPoint()), label->size());
             QVERIFY2(stage->rect().contains(place), qPrintable(label->objectName()));
-            QVERIFY2(label->width() >= label->sizeHint().width(), qPrintable(label->objectName()));
+            QTRY_VERIFY2(label->width() >= label->sizeHint().width(),
+                         qPrintable(label->objectName()));
         }
         for (const auto *button : stage->findChildren<QPushButton *>()) {
             const QRect place(button->mapTo(stage, QPoint()), button->size());
@@ -309,6 +310,22 @@ private slots:
         emit robot->receive_moreRobot_CurPosition(QByteArray(20 * 1024 * 1024, ' '), QByteArray());
         pages->palletJobPosition();
         QCOMPARE(values(pages, QStringLiteral("JobPoint")).first(), QStringLiteral("1.000"));
+    }
+
+    /// A zero byte is no end of the text, in neither version of Qt.
+    void zeroByteInAPosition()
+    {
+        tellPosition("0 1 1 1 1 1 1 1 1");
+        for (int place = 0; place < 17; ++place) {
+            QByteArray text = "0 1 9 9 9 9 9 9 9";
+            text[place] = '\0';
+            emit robot->receive_moreRobot_CurPosition(text, text);
+        }
+        emit robot->receive_moreRobot_CurPosition(QByteArray("0 1 2 3 \0 5 6 7 8", 17),
+                                                  QByteArray());
+        pages->palletJobPosition();
+        QCOMPARE(values(pages, QStringLiteral("JobPoint")).mid(0, 4),
+                 texts("2.000 3.000 0.000 5.000"));
     }
 
     // ---- polling --------------------------------------------------------------------------------
