@@ -115,11 +115,9 @@ void TechnologyWidget::recvCurposition(const QByteArray radians, const QByteArra
     const QByteArray &text = App::isDeg ? degrees : radians;
     if (text.count(' ') != kPartsOfPosition - 1)
         return;
-    // with its size, because Qt 5 would otherwise end the text at a zero byte
+    // given its size, because Qt 5 would else end the text at a zero byte
     const QStringList parts =
         QString::fromUtf8(text.constData(), static_cast<int>(text.size())).split(QLatin1Char(' '));
-    if (parts.size() != kPartsOfPosition) // with Qt 5 a text ends at its first NUL
-        return;
     bool isKind = false;
     const int kind = parts.at(1).toInt(&isKind);
     if (!isKind)
