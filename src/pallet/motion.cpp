@@ -113,11 +113,13 @@ void TechnologyWidget::getCurposition3()
 void TechnologyWidget::recvCurposition(const QByteArray radians, const QByteArray degrees)
 {
     const QByteArray &text = App::isDeg ? degrees : radians;
-    if (text.count(' ') != kPartsOfPosition - 1)
+    if (text.count(' ') != kPartsOfPosition - 1) // before a long text is split into its parts
         return;
     // given its size, because Qt 5 would else end the text at a zero byte
     const QStringList parts =
         QString::fromUtf8(text.constData(), static_cast<int>(text.size())).split(QLatin1Char(' '));
+    if (parts.size() != kPartsOfPosition)
+        return;
     bool isKind = false;
     const int kind = parts.at(1).toInt(&isKind);
     if (!isKind)
