@@ -386,6 +386,7 @@ QVector<Harm> heavyHarms()
     list.append(Harm{"3 MB of digits", QByteArray(3 * 1024 * 1024, '9')});
     list.append(Harm{"3 MB of decimals", "0." + QByteArray(3 * 1024 * 1024, '3')});
     list.append(Harm{"3 MB of text", "\"" + QByteArray(3 * 1024 * 1024, 'x') + "\""});
+    list.append(Harm{"a long list", "[" + QByteArray(100000, ' ').replace(" ", "1,") + "1]"});
     return list;
 }
 
@@ -444,7 +445,7 @@ QVector<Harm> harms()
                              "[1",
                              "{\"X\""})
         list.append(Harm{text, text});
-    list.append(Harm{"a long list", "[" + QByteArray(100000, ' ').replace(" ", "1,") + "1]"});
+    list.append(Harm{"a list", "[" + QByteArray(200, ' ').replace(" ", "1,") + "1]"});
     list.append(Harm{"invalid UTF-8", "\"\xff\xfe\xc3\x28\xf0\x28\x8c\x28\""});
     list.append(Harm{"bytes", QByteArray::fromHex("00ff80c328efbfbf")});
     return list;
@@ -452,10 +453,14 @@ QVector<Harm> harms()
 
 } // namespace
 
+/// Of each reply.
+constexpr int kMutations = 2000;
+
 class TestHostile : public QObject {
     Q_OBJECT
 private:
     TechnologyWidget *pages = nullptr;
+    int opened = 0;
     QHash<QString, QWidget *> widgets; ///< by name: a search of the whole form takes its time
 
     template <typename Widget> Widget *widget(const QString &name) const
@@ -529,8 +534,11 @@ private:
         return {};
     }
 
-    void open(const Subject &subject, bool editing) const
+    void open(const Subject &subject, bool editing)
     {
+        // what the widgets have posted to themselves is not left to pile up
+        if (++opened % 64 == 0)
+            QCoreApplication::processEvents();
         if (subject.selector)
             widget<QComboBox>(subject.selector)->setCurrentIndex(0);
         (pages->*subject.show)();
@@ -541,7 +549,7 @@ private:
     }
 
     /// Delivers a body in view and in edit state, by the link's entry and straight to the slot.
-    QString attack(const Subject &subject, const QByteArray &body) const
+    QString attack(const Subject &subject, const QByteArray &body)
     {
         for (const bool editing : {false, true}) {
             for (const bool straight : {false, true}) {
@@ -560,7 +568,7 @@ private:
     }
 
     /// After all that the page can be worked as ever.
-    QString worksOn(const Subject &subject) const
+    QString worksOn(const Subject &subject)
     {
         open(subject, false);
         const QStringList good = stateOf(subject).texts;
@@ -737,8 +745,12 @@ private slots:
     void cutAtEveryByte()
     {
         for (const Subject &subject : subjects()) {
-            for (int size = 0; size < subject.valid.size(); ++size)
-                QCOMPARE(attack(subject, subject.valid.left(size)), QString());
+            for (int size = 0; size < subject.valid.size(); ++size) {
+                open(subject, true);
+                const State before = stateOf(subject);
+                support::receive(subject.id, subject.valid.left(size));
+                QCOMPARE(complaint(subject, before), QString());
+            }
             QCOMPARE(worksOn(subject), QString());
         }
     }
@@ -808,7 +820,7 @@ private slots:
             return static_cast<int>(random() % static_cast<unsigned>(limit));
         };
         for (const Subject &subject : subjects()) {
-            for (int round = 0; round < 4000; ++round) {
+            for (int round = 0; round < kMutations; ++round) {
                 QByteArray body = subject.valid;
                 for (int changes = 1 + below(4); changes > 0 && !body.isEmpty(); --changes) {
                     const int place = below(static_cast<int>(body.size()));

@@ -643,8 +643,9 @@ private slots:
                     .size()),
             2);
         desk->controller->setFault(message::GetPalletPlane, Fault::Cut);
+        QSignalSpy links(robot, &Robot::linkChanged);
         send(message::GetPalletPlane, address(1, 1, 1));
-        QTRY_COMPARE(robot->link(), Robot::Link::Lost);
+        QTRY_VERIFY(!links.isEmpty()); // lost; it may be back before anyone looks
         desk->controller->setFault(message::GetPalletPlane, Fault::None);
         QTRY_VERIFY(robot->isConnected());
         QCOMPARE(
