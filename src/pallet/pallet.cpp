@@ -1,3 +1,4 @@
+#include "jobedit.h"
 #include "setingwidget.h"
 #include "shell/buttonstyle.h"
 #include "shell/technologyform.h"
@@ -16,6 +17,7 @@ void TechnologyWidget::initPalletTechInterface()
         *timer = new QTimer;
         (*timer)->setInterval(400);
     }
+    jobEdit = new JobEdit;
     connect(ui->m_pBtnPalletTechReturn, &QPushButton::clicked, this,
             &TechnologyWidget::return_mainPage);
     initPalletMode();

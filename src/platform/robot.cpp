@@ -108,6 +108,19 @@ void Robot::selectRobot(int robot)
     d->forgetState();
 }
 
+QString Robot::sendJob(int robot, const QString &name, const QByteArray &text)
+{
+    EventLog::getInstance()->record(QStringLiteral("job"), {QStringLiteral("sendJob"), name});
+    Json::Value job;
+    job["robot"] = robot;
+    job["name"] = name.toStdString();
+    job["text"] = text.toStdString();
+    const QByteArray body = wire::writeLine(job);
+    if (body.size() > wire::kMaxBody)
+        return tr("程序太大，不能发送给控制器");
+    return d->send(wire::StoreJob, body) ? QString() : tr("控制器未连接");
+}
+
 void Robot::robot_key_slot_saftySwitchProcess(int value)
 {
     EventLog::getInstance()->record(QStringLiteral("safetySwitch"), {value});

@@ -6,6 +6,8 @@
 #include <QVector>
 #include <memory>
 
+struct JobFault;
+
 /// The link to the robot controller: messages out, replies in as signals, and the state that the
 /// controller reports. One object, on the GUI thread.
 class Robot : public QObject {
@@ -73,6 +75,10 @@ public:
     /// Until that robot's status comes, servo and deadman read as 0.
     void selectRobot(int robot);
 
+    /// Hands a stored job to the controller, which answers with jobChecked(). Empty when it is on
+    /// its way; else why not.
+    QString sendJob(int robot, const QString &name, const QByteArray &text);
+
 public slots:
     /// The one entry of whatever arrives: decodes by id and emits the signal of that reply. An
     /// unknown id or an unreadable typed reply is journalled ("reading") and dropped.
@@ -87,6 +93,8 @@ signals:
     /// The controller says something to the operator, for instance why an arm does not move; the
     /// text is on screen already.
     void controllerSaid(const QString &text);
+    /// The controller has checked a job that was handed to it; no fault: it takes it.
+    void jobChecked(int robot, const QString &name, const JobFault &fault);
     /// The controller's IO ports, after each greeting.
     void portsReported(const QStringList &digitalOut, const QStringList &digitalIn,
                        const QStringList &analogOut);

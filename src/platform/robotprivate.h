@@ -32,6 +32,7 @@ struct Robot::Private {
     void warn();
 
     void applyStatus(const QByteArray &body);
+    void applyJobCheck(const QByteArray &body);
     /// Shows what a status message says to the operator.
     void say(const QString &message);
 

@@ -3,6 +3,7 @@
 #include "app.h"
 #include "controllerwords.h"
 #include "eventlog.h"
+#include "jobfault.h"
 #include "morerobot.h"
 #include "robot.h"
 #include "robotprivate.h"
@@ -200,6 +201,10 @@ void Robot::receiveMessage(unsigned short id, const QByteArray &body)
         d->applyStatus(body);
         return;
     }
+    if (id == wire::JobChecked) {
+        d->applyJobCheck(body);
+        return;
+    }
     const Reply *reply =
         std::lower_bound(std::begin(kReplies), std::end(kReplies), id,
                          [](const Reply &row, unsigned short wanted) { return row.id < wanted; });
@@ -242,6 +247,31 @@ void Robot::Private::applyStatus(const QByteArray &body)
         emit q->statusChanged();
     if (const std::optional<QString> message = wire::text(*status, "message"))
         say(*message);
+}
+
+// {"robot": int, "name": text, "fault": word, "line": int, "detail": text}. The word of a job
+// without fault is "None"; line and detail are optional. A word that is unknown here is still a
+// fault.
+void Robot::Private::applyJobCheck(const QByteArray &body)
+{
+    Reading reading(body);
+    const int robot = reading.integer("robot");
+    const QString name = reading.text("name");
+    const QString word = reading.text("fault");
+    if (reading.missing()) {
+        journalUnreadable(wire::JobChecked, QString::fromLatin1(reading.missing()));
+        return;
+    }
+    Reading rest(body);
+    JobFault fault;
+    fault.line = rest.integer("line");
+    fault.detail = rest.text("detail").left(kLongestWord);
+    fault.kind = JobFault::kindOf(word);
+    if (!fault && word != QLatin1String(fault.word())) {
+        fault.kind = JobFault::Other;
+        fault.detail = word.left(kLongestWord);
+    }
+    emit q->jobChecked(robot, name, fault);
 }
 
 void Robot::Private::say(const QString &message)

@@ -8,7 +8,14 @@ void SnackbarMessage::showMessage(const QString &text, const int &duration, int 
 {
     EventLog::getInstance()->record(QStringLiteral("toast"), {text, duration, kind, flag});
     if (QWidget *host = ScreenHost::widget())
-        SnackbarStack::of(host)->add({text, duration, kind});
+        SnackbarStack::of(host)->add({text, duration, kind, false});
+}
+
+void SnackbarMessage::showStanding(const QString &text, int kind)
+{
+    EventLog::getInstance()->record(QStringLiteral("toast"), {text, -1, kind, true});
+    if (QWidget *host = ScreenHost::widget())
+        SnackbarStack::of(host)->add({text, -1, kind, true});
 }
 
 void SnackbarMessage::setHost(QWidget *host)

@@ -21,6 +21,10 @@ public:
     /// journal, also when there is no window to show it in.
     static void showMessage(const QString &text, const int &duration, int kind, bool flag);
 
+    /// Shows `text` until it is touched, whatever else is said meanwhile. The journal has it as a
+    /// message of duration -1 and flag true.
+    static void showStanding(const QString &text, int kind);
+
     /// The widget whose foot the messages, the prompts and the covers are laid over; null for the
     /// active window.
     static void setHost(QWidget *host);

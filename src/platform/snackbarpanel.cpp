@@ -14,6 +14,7 @@
 #include <QPointer>
 #include <QTextLayout>
 #include <QtMath>
+#include <algorithm>
 
 namespace {
 
@@ -222,7 +223,7 @@ void SnackbarStack::add(const Message &message)
     for (SnackbarPanel *panel : shown) {
         if (panel->text() == message.text)
             same = panel;
-        else if (panel->isEndless())
+        else if (panel->isEndless() && !panel->isStanding())
             remove(panel);
     }
     if (same) {
@@ -242,12 +243,20 @@ void SnackbarStack::add(const Message &message)
         m_waiting.removeFirst();
 }
 
+/// Messages that make room by themselves; standing ones take nobody's place.
+int SnackbarStack::transientPanels() const
+{
+    return static_cast<int>(
+        std::count_if(m_panels.begin(), m_panels.end(),
+                      [](const SnackbarPanel *panel) { return !panel->isStanding(); }));
+}
+
 void SnackbarStack::fillUp()
 {
-    while (m_panels.size() < SnackbarMessage::kShown && !m_waiting.isEmpty()) {
+    while (transientPanels() < SnackbarMessage::kShown && !m_waiting.isEmpty()) {
         // One that would stay without an end has its successor waiting already: it gets its time.
         Message next = m_waiting.takeFirst();
-        if (next.duration < 0 && !m_waiting.isEmpty())
+        if (next.duration < 0 && !next.standing && !m_waiting.isEmpty())
             next.duration = kReplacedTime;
         show(next);
     }
@@ -257,6 +266,7 @@ void SnackbarStack::fillUp()
 void SnackbarStack::show(const Message &message)
 {
     auto *panel = new SnackbarPanel(m_host);
+    panel->setStanding(message.standing);
     panel->start(message.text, message.duration, message.kind);
     connect(panel, &SnackbarPanel::done, this, [this, panel] {
         remove(panel);

@@ -14,6 +14,9 @@ public:
 
     /// Shows `text` from now on for `duration` milliseconds; below 0 without an end.
     void start(const QString &text, int duration, int kind);
+    /// It stays until it is touched.
+    void setStanding(bool standing) { m_standing = standing; }
+    bool isStanding() const { return m_standing; }
     QString text() const { return m_text; }
     bool isEndless() const { return m_endless; }
     int heightAt(int width) const;
@@ -33,6 +36,7 @@ private:
     QString m_text;
     int m_kind = 1;
     bool m_endless = false;
+    bool m_standing = false;
     QTimer m_timer;
 };
 
@@ -45,6 +49,7 @@ public:
         QString text;
         int duration; ///< milliseconds; below 0 without an end
         int kind;
+        bool standing; ///< stays until it is touched; others without an end give way
     };
 
     /// The stack of `host`; the messages of another host are taken away.
@@ -64,6 +69,7 @@ private:
     void show(const Message &message);
     void remove(SnackbarPanel *panel);
     void fillUp();
+    int transientPanels() const;
     void place();
 
     QWidget *m_host;

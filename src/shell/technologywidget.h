@@ -1,5 +1,6 @@
 #pragma once
 
+#include "jobmanager.h"
 #include "shell/coordinates.h"
 #include "shell/edittoggle.h"
 #include "shell/pagetable.h"
@@ -17,6 +18,7 @@ class Value;
 }
 class BoxPainter;
 class DigitalLineEdit;
+class JobEdit;
 class PromptWidget;
 class QComboBox;
 class QLabel;
@@ -294,6 +296,8 @@ private:
     QTimer *palletPositionTimer = nullptr;
     QTimer *wizardPositionTimer = nullptr;
     QTimer *palletEasyPositionTimer = nullptr;
+    JobEdit *jobEdit = nullptr; ///< has no parent either
+    JobManager jobManager;
     BoxPainter *planeCanvas = nullptr;
     BoxPainter *locationCanvas = nullptr;
     BoxPainter *previewCanvas = nullptr;

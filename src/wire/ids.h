@@ -14,7 +14,9 @@ enum LinkMessage : quint16 {
     HelloRefusal = 0x0003, ///< controller to pendant: it does not, and why
     Heartbeat = 0x0004, ///< both ways, empty body
     Status = 0x0005, ///< controller to pendant: state of the robot that the pendant works with
-    Key = 0x0006 ///< pendant to controller: servo, deadman, mode, robot
+    Key = 0x0006, ///< pendant to controller: servo, deadman, mode, robot
+    StoreJob = 0x0007, ///< pendant to controller: a stored job
+    JobChecked = 0x0008 ///< controller to pendant: what it says of that job
 };
 
 // The replies, in the order of their ids: X(id, signal of Robot). An id is the free third number of

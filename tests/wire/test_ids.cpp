@@ -86,7 +86,7 @@ constexpr bool collides(unsigned short id)
 constexpr bool repliesAreFree()
 {
     for (const wire::ReplyName &reply : wire::kReplies) {
-        if (collides(reply.id) || reply.id <= wire::Key)
+        if (collides(reply.id) || reply.id <= wire::JobChecked)
             return false;
     }
     return true;

@@ -4,6 +4,7 @@
 #include <array>
 #include <json/json.h>
 #include <optional>
+#include <string_view>
 
 /// A position as a job holds it.
 struct RobotPos {
@@ -15,6 +16,12 @@ struct RobotPos {
     {
         return (static_cast<unsigned char>(letter) << 16) | (number & 0xffff);
     }
+
+    /// The id word of a position's name, "P1": one capital letter and a number without leading
+    /// zeros; nothing for anything else.
+    static std::optional<int> wordOf(std::string_view name);
+    /// The name of a position, "P1", by its id word.
+    static QString nameOf(int word);
 
     /// The position that fourteen texts make; nothing for any other count. A text that is no finite
     /// number counts as 0.

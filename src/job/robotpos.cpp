@@ -1,6 +1,24 @@
 #include "robotpos.h"
 
+#include <charconv>
 #include <cmath>
+
+std::optional<int> RobotPos::wordOf(std::string_view name)
+{
+    if (name.size() < 2 || name[0] < 'A' || name[0] > 'Z' || (name[1] == '0' && name.size() > 2))
+        return std::nullopt;
+    unsigned short number = 0;
+    const char *const end = name.data() + name.size();
+    const auto [stop, error] = std::from_chars(name.data() + 1, end, number);
+    if (error != std::errc() || stop != end)
+        return std::nullopt;
+    return wordOf(name[0], number);
+}
+
+QString RobotPos::nameOf(int word)
+{
+    return QLatin1Char(static_cast<char>(word >> 16)) + QString::number(word & 0xffff);
+}
 
 std::optional<RobotPos> RobotPos::fromTexts(const QStringList &texts)
 {
