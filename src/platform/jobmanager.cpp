@@ -1,0 +1,32 @@
+#include "jobmanager.h"
+
+#include <algorithm>
+
+void JobManager::updateJobsFileInfo(int robot, bool newestFirst, const QString &beginning,
+                                    const QString &part)
+{
+    JobStore *store = JobStore::getInstance();
+    QVector<JobStore::File> jobs = store->files(robot);
+    for (const JobStore::Unsaved &job : store->unsaved()) {
+        const auto hasName = [&](const JobStore::File &file) { return file.name == job.name; };
+        if (job.robot == robot && std::none_of(jobs.begin(), jobs.end(), hasName))
+            jobs.append({job.name, QDateTime(), job.text.size()});
+    }
+    m_jobs.clear();
+    for (const JobStore::File &job : jobs) {
+        if (job.name.startsWith(beginning) && job.name.contains(part))
+            m_jobs.append(job);
+    }
+    if (newestFirst) {
+        std::stable_sort(m_jobs.begin(), m_jobs.end(),
+                         [](const JobStore::File &one, const JobStore::File &other) {
+                             return one.changed > other.changed;
+                         });
+    }
+}
+
+bool JobManager::jobExists(const QString &name) const
+{
+    return std::any_of(m_jobs.begin(), m_jobs.end(),
+                       [&](const JobStore::File &job) { return job.name == name; });
+}

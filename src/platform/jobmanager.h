@@ -1,0 +1,23 @@
+#pragma once
+
+#include "jobstore.h"
+
+/// The job list of a robot, as it was when it was last reread.
+class JobManager {
+public:
+    /// Rereads the list of `robot`: newest first or by name, those whose names begin with
+    /// `beginning` and contain `part`; empty texts leave none out. Jobs that are in memory only are
+    /// in the list as well.
+    void updateJobsFileInfo(int robot, bool newestFirst, const QString &beginning,
+                            const QString &part);
+    const QVector<JobStore::File> &jobs() const { return m_jobs; }
+
+    /// Whether the list holds that name.
+    bool jobExists(const QString &name) const;
+
+    /// Whether the text may be the name of a job's file.
+    static bool isValidFileName(const QString &name) { return JobStore::isValidName(name); }
+
+private:
+    QVector<JobStore::File> m_jobs;
+};

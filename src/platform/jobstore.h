@@ -1,0 +1,85 @@
+#pragma once
+
+#include "jobfault.h"
+
+#include <QByteArray>
+#include <QDateTime>
+#include <QHash>
+#include <QObject>
+#include <QString>
+#include <QVector>
+
+/// The job files of the robots, one directory each, and the jobs that could not be stored yet.
+///
+/// A stored job is handed to the controller, when one is connected, and the controller's word on it
+/// is kept for as long as the file stays what it was.
+class JobStore : public QObject {
+    Q_OBJECT
+public:
+    struct File {
+        QString name; ///< without the suffix
+        QDateTime changed;
+        qint64 bytes = 0;
+    };
+    /// A job that is in memory only, because its file could not be written.
+    struct Unsaved {
+        int robot = 1;
+        QString name;
+        QByteArray text;
+        QString reason; ///< why it could not be written
+    };
+    /// What the controller says of a job.
+    struct Verdict {
+        enum State { Unknown, Sent, Accepted, Refused };
+        State state = Unknown;
+        JobFault fault; ///< of a refused job
+    };
+
+    static JobStore *getInstance();
+
+    /// Where `robot1` to `robot4` stand. Without one, below the user's application data.
+    void setDirectory(const QString &directory);
+    QString directoryOf(int robot) const;
+    QString pathOf(int robot, const QString &name) const;
+
+    /// Whether the text may be the name of a job: docs/job-format.md says which may. It never
+    /// leads out of the robot's directory.
+    static bool isValidName(const QString &name);
+    /// The longest name, in bytes of UTF-8.
+    static constexpr int kMaxNameBytes = 100;
+
+    /// The robot's job files, by name; empty for another robot than 1 to 4.
+    QVector<File> files(int robot) const;
+
+    /// Writes the file so that a crash leaves the old one or the new one, and hands the job to the
+    /// controller. Empty when it stands; else why not, and the job is kept among the unsaved.
+    QString save(int robot, const QString &name, const QByteArray &text);
+    /// Nothing with `error` filled when the file cannot be read.
+    QByteArray read(int robot, const QString &name, QString *error) const;
+    /// Empty when the file is gone; else why not.
+    QString remove(int robot, const QString &name);
+
+    const QVector<Unsaved> &unsaved() const { return m_unsaved; }
+    /// Tries once more to store an unsaved job. Empty when it stands; else why not.
+    QString saveAgain(int robot, const QString &name);
+    void drop(int robot, const QString &name);
+
+    /// Hands a stored job to the controller again. Empty when it is on its way; else why not.
+    QString send(int robot, const QString &name);
+    Verdict verdict(int robot, const QString &name) const;
+
+signals:
+    /// A file, an unsaved job or a verdict came, went or changed.
+    void changed();
+
+private:
+    explicit JobStore(QObject *parent = nullptr);
+
+    void takeVerdict(int robot, const QString &name, const JobFault &fault);
+    int indexOfUnsaved(int robot, const QString &name) const;
+    QString hand(int robot, const QString &name, const QByteArray &text);
+
+    QString m_directory;
+    QVector<Unsaved> m_unsaved;
+    QHash<QString, Verdict> m_verdicts; ///< by path
+};
