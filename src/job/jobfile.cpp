@@ -81,6 +81,12 @@ void appendPosition(QByteArray &out, int word, const RobotPos &position)
     out.append('\n');
 }
 
+void appendCommand(QByteArray &out, const Command &command)
+{
+    out.append(wordOf(command.type));
+    visitFields(command, FieldWriter{out});
+}
+
 // ---- reading ----------------------------------------------------------------------------------
 
 /// Reads " name=value" for each field, in step with the command's own order. The first field that
@@ -257,12 +263,17 @@ QByteArray jobfile::write(const ProgramJOB &job)
     }
     out.append("BEGIN\n");
     for (int line = 1; line <= job.lineCount(); ++line) {
-        const Command &command = *job.command(line);
-        out.append(wordOf(command.type));
-        visitFields(command, FieldWriter{out});
+        appendCommand(out, *job.command(line));
         out.append('\n');
     }
     out.append("END\n");
+    return out;
+}
+
+QByteArray jobfile::lineOf(const Command &command)
+{
+    QByteArray out;
+    appendCommand(out, command);
     return out;
 }
 
