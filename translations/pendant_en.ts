@@ -208,6 +208,99 @@
     </message>
 </context>
 <context>
+    <name>JobEdit</name>
+    <message>
+        <source>程序 %1 未能保存：%2。程序仍在内存中，请在作业列表中重新保存或放弃</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>JobFault</name>
+    <message>
+        <source>没有错误</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>不是作业文件</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>不认识的文件版本 %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>文件不完整</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>多余的内容：%1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>不认识的指令 %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>缺少字段 %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>字段 %1 的值不能读取</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>没有位置 %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>位置 %1 重复</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>循环没有结束</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>循环结束没有对应的开始</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>条件无效</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>控制器没有端口 %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>控制器没有变量 %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>作业太长，最多 %1 行</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>控制器报告：%1</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>JobStore</name>
+    <message>
+        <source>目录 %1 不能建立</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>名称 %1 不能用作文件名</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>文件太大</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
     <name>JogPad</name>
     <message>
         <source>关节</source>
@@ -791,6 +884,14 @@ It is not installed on this device.</translation>
     <message>
         <source>控制器未连接，指令未发送</source>
         <translation>No controller connected: not sent</translation>
+    </message>
+    <message>
+        <source>程序太大，不能发送给控制器</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>控制器未连接</source>
+        <translation type="unfinished"></translation>
     </message>
 </context>
 <context>
@@ -1957,6 +2058,244 @@ controller</translation>
         <source>开</source>
         <translation>On</translation>
     </message>
+    <message>
+        <source>程序与工艺</source>
+        <translation>Program and process</translation>
+    </message>
+    <message>
+        <source>要生成的程序</source>
+        <translation>Program to generate</translation>
+    </message>
+    <message>
+        <source>功能</source>
+        <translation>Function</translation>
+    </message>
+    <message>
+        <source>码垛</source>
+        <translation>Palletise</translation>
+    </message>
+    <message>
+        <source>卸垛</source>
+        <translation>Depalletise</translation>
+    </message>
+    <message>
+        <source>程序名</source>
+        <translation>Program name</translation>
+    </message>
+    <message>
+        <source>生成的程序存入当前机器人的作业目录。</source>
+        <translation>The program goes into the current robot&apos;s job directory.</translation>
+    </message>
+    <message>
+        <source>若仅有一个抓手，请切换到该抓手的工具手
+后标定以下各点
+若有多个抓手，请用切换到第一个抓手的工具
+手后标定以下各点</source>
+        <translation>With one gripper only, switch to its tool frame
+before you mark the points below.
+With several grippers, switch to the tool frame
+of the first one before you mark them.</translation>
+    </message>
+    <message>
+        <source>关节值</source>
+        <translation>Joint values</translation>
+    </message>
+    <message>
+        <source>取料点</source>
+        <translation>Pick point</translation>
+    </message>
+    <message>
+        <source>取料点上方</source>
+        <translation>Above pick point</translation>
+    </message>
+    <message>
+        <source>取料安全点</source>
+        <translation>Safe pick point</translation>
+    </message>
+    <message>
+        <source>抓手与信号</source>
+        <translation>Grippers and signals</translation>
+    </message>
+    <message>
+        <source>抓手电磁阀（数字输出）</source>
+        <translation>Gripper valves (digital outputs)</translation>
+    </message>
+    <message>
+        <source>端口</source>
+        <translation>Port</translation>
+    </message>
+    <message>
+        <source>有效值</source>
+        <translation>Active</translation>
+    </message>
+    <message>
+        <source>取料成功判断（数字输入）</source>
+        <translation>Part gripped (digital inputs)</translation>
+    </message>
+    <message>
+        <source>取料允许（数字输入）</source>
+        <translation>Pick permission (digital input)</translation>
+    </message>
+    <message>
+        <source>变量</source>
+        <translation>Variable</translation>
+    </message>
+    <message>
+        <source>计数变量</source>
+        <translation>Count variables</translation>
+    </message>
+    <message>
+        <source>类型</source>
+        <translation>Type</translation>
+    </message>
+    <message>
+        <source>当前已码总数</source>
+        <translation>Pieces stacked</translation>
+    </message>
+    <message>
+        <source>当前码垛层数</source>
+        <translation>Current layer</translation>
+    </message>
+    <message>
+        <source>当前层码垛数</source>
+        <translation>Pieces in this layer</translation>
+    </message>
+    <message>
+        <source>结束变量</source>
+        <translation>End variable</translation>
+    </message>
+    <message>
+        <source>码垛结束判断</source>
+        <translation>Palletising finished</translation>
+    </message>
+    <message>
+        <source>插补与路径</source>
+        <translation>Interpolation and path</translation>
+    </message>
+    <message>
+        <source>插补方式</source>
+        <translation>Interpolation</translation>
+    </message>
+    <message>
+        <source>取料过程</source>
+        <translation>Picking</translation>
+    </message>
+    <message>
+        <source>取料点上方-取料点</source>
+        <translation>Above pick point - pick point</translation>
+    </message>
+    <message>
+        <source>关节插补</source>
+        <translation>Joint</translation>
+    </message>
+    <message>
+        <source>直线插补</source>
+        <translation>Linear</translation>
+    </message>
+    <message>
+        <source>中间过程</source>
+        <translation>Between</translation>
+    </message>
+    <message>
+        <source>取料点上方-码垛入口点</source>
+        <translation>Above pick point - pallet entrance</translation>
+    </message>
+    <message>
+        <source>码垛过程</source>
+        <translation>Palletising</translation>
+    </message>
+    <message>
+        <source>码垛入口点-码垛辅助点-工件点</source>
+        <translation>Pallet entrance - auxiliary point - workpiece</translation>
+    </message>
+    <message>
+        <source>到入口点的路径</source>
+        <translation>Way to the entrance point</translation>
+    </message>
+    <message>
+        <source>xy方向路径优化</source>
+        <translation>Optimise the path in x and y</translation>
+    </message>
+    <message>
+        <source>z方向路径优化</source>
+        <translation>Optimise the path in z</translation>
+    </message>
+    <message>
+        <source>完成</source>
+        <translation>Finish</translation>
+    </message>
+    <message>
+        <source>变量名不能为空，请重新选择</source>
+        <translation>A variable is missing; choose one</translation>
+    </message>
+    <message>
+        <source>放料点</source>
+        <translation>Place point</translation>
+    </message>
+    <message>
+        <source>放料点上方</source>
+        <translation>Above place point</translation>
+    </message>
+    <message>
+        <source>放料安全点</source>
+        <translation>Safe place point</translation>
+    </message>
+    <message>
+        <source>卸跺过程</source>
+        <translation>Depalletising</translation>
+    </message>
+    <message>
+        <source>放料过程</source>
+        <translation>Placing</translation>
+    </message>
+    <message>
+        <source>卸跺入口点-卸跺辅助点-工件点</source>
+        <translation>Pallet entrance - auxiliary point - workpiece</translation>
+    </message>
+    <message>
+        <source>卸跺点上方-放料入口点</source>
+        <translation>Above pallet place - place entrance</translation>
+    </message>
+    <message>
+        <source>放料点上方-放料点</source>
+        <translation>Above place point - place point</translation>
+    </message>
+    <message>
+        <source>未检测到IO，无法使用该功能</source>
+        <translation>No IO found; this function cannot be used</translation>
+    </message>
+    <message>
+        <source>该名称已经存在，请重新命名其他名称！</source>
+        <translation>This name exists already; choose another one!</translation>
+    </message>
+    <message>
+        <source>文件命名不符合规范！</source>
+        <translation>This is no valid file name!</translation>
+    </message>
+    <message>
+        <source>标定未完成！</source>
+        <translation>Not all points are marked yet!</translation>
+    </message>
+    <message>
+        <source>抓手1电磁阀端口不能为 无！</source>
+        <translation>The port of the gripper 1 valve must not be None!</translation>
+    </message>
+    <message>
+        <source>工艺号:%1  %2  %3</source>
+        <translation>Process no. %1  %2  %3</translation>
+    </message>
+    <message>
+        <source>关节值（转动轴 °）</source>
+        <translation>Joint values (rotary axes in °)</translation>
+    </message>
+    <message>
+        <source>关节值（转动轴 rad）</source>
+        <translation>Joint values (rotary axes in rad)</translation>
+    </message>
+    <message>
+        <source>计数与结束</source>
+        <translation>Counts and end</translation>
+    </message>
 </context>
 <context>
     <name>TitleBar</name>
@@ -2171,6 +2510,13 @@ old values shown</translation>
     <message>
         <source>无操作自动锁定</source>
         <translation>Lock when idle</translation>
+    </message>
+</context>
+<context>
+    <name>VariableBox</name>
+    <message>
+        <source>取消</source>
+        <translation type="unfinished">Cancel</translation>
     </message>
 </context>
 <context>

@@ -30,10 +30,10 @@ constexpr Stem kPoints[] = {
     {"CurrentPoint", ""},  {"EntrancePoint", "_2"}, {"AuxiliaryPoint", "_2"},
     {"JobPoint", "_2"},    {"columnEndPoint", ""},  {"lineEndPoint", ""},
     {"HighEndPoint", ""},  {"CurrentPoint", "_2"},  {"GetPoint", ""},
-    {"UpperPoint", ""},    {"SafePoint", ""},
+    {"UpperPoint", ""},    {"SafePoint", ""},       {"wizardLive", ""},
+    {"wizardHead", ""}, // joints, whose names are no matter of the family
 };
-constexpr Stem kPointHeads[] = {
-    {"taryHead", ""}, {"positionHead", ""}, {"positionHead", "_2"}, {"wizardHead", ""}};
+constexpr Stem kPointHeads[] = {{"taryHead", ""}, {"positionHead", ""}, {"positionHead", "_2"}};
 
 /// Tool frames with their headings; the letters are A, B and C.
 constexpr Stem kTools[] = {

@@ -127,8 +127,10 @@ void TechnologyWidget::recvCurposition(const QByteArray radians, const QByteArra
     PositionTexts position;
     std::copy(parts.begin() + 2, parts.end(), position.begin());
 
-    if (kind == axes::Joint)
+    if (kind == axes::Joint) {
         curJointPos = position;
+        takeLiveJoints(position);
+    }
     if (kind == axes::Cartesian)
         curCartPos = curCartPosCopy = position;
     if (kind == axes::Cartesian && currentIndex() == page::PalletPosition)
@@ -161,13 +163,20 @@ void TechnologyWidget::showPosition(const PositionTexts &position, const QVector
     }
 }
 
-/// Sends the robot to a taught point, if its drives are powered and the enabling switch is held.
+/// Whether the drives are powered and the enabling switch is held; if not, it says so.
+bool TechnologyWidget::mayMove() const
+{
+    if (robot->get_servo_state() == kPowered && robot->get_deadman_state() == kHeld)
+        return true;
+    SnackbarMessage::showMessage(tr("请上电！"), 5000, 1, true);
+    return false;
+}
+
+/// Sends the robot to a taught point.
 void TechnologyWidget::moveToPoint(const PositionTexts &point)
 {
-    if (robot->get_servo_state() != kPowered || robot->get_deadman_state() != kHeld) {
-        SnackbarMessage::showMessage(tr("请上电！"), 5000, 1, true);
+    if (!mayMove())
         return;
-    }
     QStringList values(point.begin(), point.end());
     for (int i = kAngles; App::isDeg && i < kAngles + 3; ++i)
         values[i] = QString::number(DegToRad(axes::numberOf(values.at(i))), 'g', 6);

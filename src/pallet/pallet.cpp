@@ -30,6 +30,7 @@ void TechnologyWidget::initPalletTechInterface()
     initOverlapping();
     initOverlapExplanations();
     initPlane();
+    initWizard();
 }
 
 void TechnologyWidget::return_PalletPage()

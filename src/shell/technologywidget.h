@@ -1,6 +1,7 @@
 #pragma once
 
 #include "jobmanager.h"
+#include "pallet/wizard/programinformation.h"
 #include "shell/coordinates.h"
 #include "shell/edittoggle.h"
 #include "shell/pagetable.h"
@@ -201,6 +202,36 @@ public slots:
     void ranksToCustom();
     void on_planeModifyBtn_clicked();
 
+    // Program wizard: pallet/wizard/wizard.cpp, points.cpp, ports.cpp, variables.cpp · pages 33 to
+    // 37 · GetCurrentPosition, RunToPoint
+    void palletCreatedFileWidget1();
+    void palletCreatedFileWidget2();
+    void palletCreatedFileWidget3();
+    void palletCreatedFileWidget4();
+    void palletCreatedFileWidget5();
+    void returnCreateFile();
+    void sureResetWizardData();
+    void sureResetWizardData2();
+    void exitCreateFile();
+    void exitPalletFile();
+    void cancelExitPalletFile();
+    void initializeCreateFile();
+    void wizardInfoGetPoint();
+    void wizardInfoGetUpperPoint();
+    void wizardInfoGetSafePoint();
+    void doMoveToGetPoint();
+    void doMoveToGetUpperPoint();
+    void doMoveToGetSafePoint();
+    void saveWizardPutGetGoodsParam(bool skip, int unused);
+    void saveWizardPumpParam(bool skip, int unused);
+    void saveWizardSuccessParam(bool skip, int unused);
+    void slotPALLETtotalGetVariant(const QString &type);
+    void slotPALLETlayerGetVariant(const QString &type);
+    void slotPALLETstackGetVariant(const QString &type);
+    void slotPALLETpaloffVariant(const QString &type);
+    void changexyPathOptBtnState();
+    void changezPathOptBtnState();
+
     // ---- Conveyor tracking: conveyor/conveyor.cpp · pages 6 to 12, 55, 56 ----
 
     // ---- Laser cutting: laser/laser.cpp · pages 15 to 22 ----
@@ -256,6 +287,7 @@ private:
                       std::initializer_list<page::Index> pages);
     void showPointPanel(int kind, const PositionTexts &position);
     void showPosition(const PositionTexts &position, const QVector<QLabel *> &labels);
+    bool mayMove() const;
     void moveToPoint(const PositionTexts &point);
     void initPosition();
     EditPage positionPage() const;
@@ -280,6 +312,21 @@ private:
     EditPage planePage() const;
     Json::Value planeRequest() const;
     bool fillPlaneHead(const Reply &plane);
+    void initWizard();
+    void initWizardPoints();
+    void initWizardVariables();
+    void showWizardProgramme();
+    void showWizardPoints();
+    void showJoints(const PositionTexts &joints, const QVector<QLabel *> &labels);
+    void forgetLiveJoints();
+    void takeLiveJoints(const PositionTexts &joints);
+    void markWizardPoint(ProgramInformation::Point point, int &marks,
+                         const QVector<QLabel *> &labels);
+    void moveToWizardPoint(ProgramInformation::Point point);
+    void resetWizardPoints();
+    void resetWizardPorts();
+    void appendEndVariables();
+    bool acceptVariables();
     EditPage polishPage() const;
 
     static TechnologyWidget *instance;
@@ -327,6 +374,16 @@ private:
     QVector<QLabel *> entranceLabels;
     QVector<QLabel *> auxiliaryLabels;
     QVector<QLabel *> jobLabels;
+    ProgramInformation programInformation; ///< what the program wizard has collected
+    int getPointMarks = 0; ///< how often the wizard's points were marked; 0: not yet
+    int upperPointMarks = 0;
+    int safePointMarks = 0;
+    // The joints on the wizard's page of points: J1 to J7.
+    QVector<QLabel *> wizardHeadLabels;
+    QVector<QLabel *> wizardLiveLabels;
+    QVector<QLabel *> getPointLabels;
+    QVector<QLabel *> upperPointLabels;
+    QVector<QLabel *> safePointLabels;
     QHash<QTimer *, int> hiddenPolls; ///< timers that ended while their page was out of sight
 
     // ---- Conveyor tracking, laser, special process ----
