@@ -323,6 +323,7 @@ private:
     void markWizardPoint(ProgramInformation::Point point, int &marks,
                          const QVector<QLabel *> &labels);
     void moveToWizardPoint(ProgramInformation::Point point);
+    void forgetWizardPoints();
     void resetWizardPoints();
     void resetWizardPorts();
     void appendEndVariables();

@@ -1,12 +1,20 @@
 // The wizard's page of points: marking them as joint values and driving to them.
 
 #include "app.h"
+#include "morerobot.h"
 #include "robot.h"
 #include "shell/coordinates.h"
 #include "shell/technologyform.h"
 #include "shell/technologywidget.h"
 
+#include <QGridLayout>
 #include <QLabel>
+
+namespace {
+
+constexpr int kFirstColumn = 2; ///< of the joints, behind number and name of a point
+
+} // namespace
 
 void TechnologyWidget::initWizardPoints()
 {
@@ -21,6 +29,8 @@ void TechnologyWidget::initWizardPoints()
     safePointLabels = {ui->SafePointx, ui->SafePointy, ui->SafePointz, ui->SafePointa,
                        ui->SafePointb, ui->SafePointc, ui->SafePointd};
     connect(robot, &Robot::linkChanged, this, &TechnologyWidget::forgetLiveJoints);
+    connect(MoreRobot::getInstance(), &MoreRobot::currentRobotChanged, this,
+            &TechnologyWidget::forgetWizardPoints);
 
     using Slot = void (TechnologyWidget::*)();
     const struct {
@@ -53,6 +63,8 @@ void TechnologyWidget::showWizardPoints()
         for (int place = 0; place < axes::kMost; ++place)
             labels.at(place)->setVisible(place < shown);
     }
+    for (int place = 0; place < axes::kMost; ++place)
+        ui->gridWizardPoints->setColumnStretch(kFirstColumn + place, place < shown ? 1 : 0);
 }
 
 /// Until the controller tells where the robot is, the page does not pretend to know.
@@ -132,6 +144,13 @@ void TechnologyWidget::doMoveToGetUpperPoint()
 void TechnologyWidget::doMoveToGetSafePoint()
 {
     moveToWizardPoint(ProgramInformation::Safe);
+}
+
+/// Another robot: points that were taught with the one before are none of its.
+void TechnologyWidget::forgetWizardPoints()
+{
+    programInformation.points = {};
+    resetWizardPoints();
 }
 
 /// No point is marked.

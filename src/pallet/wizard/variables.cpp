@@ -42,6 +42,7 @@ void refill(QComboBox *box, const QString &word, const VariableType &local,
         if (word == QLatin1String(type.word))
             append(box, type);
     }
+    box->setEnabled(box->count() > 0);
 }
 
 } // namespace
@@ -93,6 +94,7 @@ void TechnologyWidget::slotPALLETpaloffVariant(const QString &type)
 void TechnologyWidget::appendEndVariables()
 {
     append(ui->paloffVariable, kBoolean);
+    ui->paloffVariable->setEnabled(true);
 }
 
 /// A type of the last row needs a variable; the others pass as they are.
