@@ -6,6 +6,7 @@
 #include <json/json.h>
 #include <vector>
 
+class JobShelf;
 class ParameterStore;
 class RobotCell;
 struct Session;
@@ -20,6 +21,7 @@ struct Request {
     RobotCell &cell;
     /// Tells that pendant a word of armwords.h.
     std::function<void(const char *word)> tell;
+    JobShelf &jobs;
 };
 
 /// Carries a message out. Null when the controller took it, else what is wrong with it, for the
@@ -44,3 +46,4 @@ HandlerTable palletPlaneHandlers();
 HandlerTable toolFrameHandlers();
 HandlerTable userFrameHandlers();
 HandlerTable armHandlers();
+HandlerTable jobHandlers();

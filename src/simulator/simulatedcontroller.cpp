@@ -2,6 +2,7 @@
 
 #include "link/messages.h"
 #include "simulator/envelope.h"
+#include "simulator/ports.h"
 #include "wire/ids.h"
 
 #include <QPointer>
@@ -31,9 +32,10 @@ Json::Value greeting()
     self["version"] = kVersion;
     self["simulated"] = true;
     self["ioType"] = kIoBoard;
-    self["ports"]["do"] = names("DOUT", 16);
-    self["ports"]["di"] = names("DIN", 16);
-    self["ports"]["ao"] = names("AO", 4);
+    const Ports ports;
+    self["ports"]["do"] = names("DOUT", ports.digitalOut);
+    self["ports"]["di"] = names("DIN", ports.digitalIn);
+    self["ports"]["ao"] = names("AO", ports.analogOut);
     return self;
 }
 
@@ -45,7 +47,8 @@ SimulatedController::SimulatedController(QObject *parent) : QObject(parent)
     for (const HandlerTable &table :
          {polishHandlers(), palletModeHandlers(), palletGripperHandlers(), palletTrayHandlers(),
           palletPositionHandlers(), palletWorkpieceHandlers(), palletOverlapHandlers(),
-          palletPlaneHandlers(), toolFrameHandlers(), userFrameHandlers(), armHandlers()}) {
+          palletPlaneHandlers(), toolFrameHandlers(), userFrameHandlers(), armHandlers(),
+          jobHandlers()}) {
         for (const HandlerRow &row : table)
             m_handlers.insert(row.id, row.handle);
     }
@@ -88,7 +91,13 @@ void SimulatedController::stop()
     m_cell.stopAll();
     while (!m_pendants.empty())
         m_pendants.back().connection->close(QStringLiteral("the controller stops"));
+    m_jobs.clear();
     m_store.close();
+}
+
+const JobProgram *SimulatedController::job(int robot, const QString &name)
+{
+    return m_jobs.find(m_store, robot, name);
 }
 
 // ---- pendants -----------------------------------------------------------------------------------
@@ -181,7 +190,8 @@ const char *SimulatedController::carryOut(wire::Connection *connection, quint16 
                     m_cell,
                     [this, pendant, &parsed](const char *word) {
                         sendStatus(*pendant, envelope::robot(*parsed).value_or(0), word);
-                    }};
+                    },
+                    m_jobs};
     return handle(request);
 }
 

@@ -2,6 +2,7 @@
 
 #include "simulator/fault.h"
 #include "simulator/handlers.h"
+#include "simulator/jobs.h"
 #include "simulator/parameterstore.h"
 #include "simulator/robotcell.h"
 #include "simulator/session.h"
@@ -45,6 +46,9 @@ public:
     /// Lets the arms move for that time, in seconds.
     void stepArms(double seconds);
     const RobotCell &cell() const { return m_cell; }
+    /// The job that was accepted for robot 1 to 4 under that name, also before the controller was
+    /// last started; null when there is none.
+    const JobProgram *job(int robot, const QString &name);
 
     // ---- safe from any thread -------------------------------------------------------------------
     /// How it misbehaves on that message from now on. `milliseconds` delays a late reply.
@@ -103,6 +107,7 @@ private:
     std::vector<Pendant> m_pendants;
 
     RobotCell m_cell;
+    JobShelf m_jobs;
     QTimer m_motionTimer{this};
     QElapsedTimer m_sinceStep;
     int m_sessions = 0; ///< counted, so that each has a number of its own
