@@ -211,93 +211,224 @@
     <name>JobEdit</name>
     <message>
         <source>程序 %1 未能保存：%2。程序仍在内存中，请在作业列表中重新保存或放弃</source>
-        <translation type="unfinished"></translation>
+        <translation>Program %1 could not be saved: %2. It is still in memory; save it again or drop it in the job list</translation>
     </message>
 </context>
 <context>
     <name>JobFault</name>
     <message>
         <source>没有错误</source>
-        <translation type="unfinished"></translation>
+        <translation>No fault</translation>
     </message>
     <message>
         <source>不是作业文件</source>
-        <translation type="unfinished"></translation>
+        <translation>Not a job file</translation>
     </message>
     <message>
         <source>不认识的文件版本 %1</source>
-        <translation type="unfinished"></translation>
+        <translation>Unknown file version %1</translation>
     </message>
     <message>
         <source>文件不完整</source>
-        <translation type="unfinished"></translation>
+        <translation>The file is incomplete</translation>
     </message>
     <message>
         <source>多余的内容：%1</source>
-        <translation type="unfinished"></translation>
+        <translation>Something is too much: %1</translation>
     </message>
     <message>
         <source>不认识的指令 %1</source>
-        <translation type="unfinished"></translation>
+        <translation>Unknown command %1</translation>
     </message>
     <message>
         <source>缺少字段 %1</source>
-        <translation type="unfinished"></translation>
+        <translation>Field %1 is missing</translation>
     </message>
     <message>
         <source>字段 %1 的值不能读取</source>
-        <translation type="unfinished"></translation>
+        <translation>The value of field %1 cannot be read</translation>
     </message>
     <message>
         <source>没有位置 %1</source>
-        <translation type="unfinished"></translation>
+        <translation>There is no position %1</translation>
     </message>
     <message>
         <source>位置 %1 重复</source>
-        <translation type="unfinished"></translation>
+        <translation>Position %1 is there twice</translation>
     </message>
     <message>
         <source>循环没有结束</source>
-        <translation type="unfinished"></translation>
+        <translation>The loop has no end</translation>
     </message>
     <message>
         <source>循环结束没有对应的开始</source>
-        <translation type="unfinished"></translation>
+        <translation>The end of a loop has no beginning</translation>
     </message>
     <message>
         <source>条件无效</source>
-        <translation type="unfinished"></translation>
+        <translation>The condition is not valid</translation>
     </message>
     <message>
         <source>控制器没有端口 %1</source>
-        <translation type="unfinished"></translation>
+        <translation>The controller has no port %1</translation>
     </message>
     <message>
         <source>控制器没有变量 %1</source>
-        <translation type="unfinished"></translation>
+        <translation>The controller has no variable %1</translation>
     </message>
     <message>
         <source>作业太长，最多 %1 行</source>
-        <translation type="unfinished"></translation>
+        <translation>The job is too long; %1 lines at most</translation>
     </message>
     <message>
         <source>控制器报告：%1</source>
-        <translation type="unfinished"></translation>
+        <translation>The controller reports: %1</translation>
+    </message>
+</context>
+<context>
+    <name>JobPage</name>
+    <message>
+        <source>机器人 %1 · %2 个作业</source>
+        <translation>Robot %1 · jobs: %2</translation>
+    </message>
+    <message>
+        <source>未保存：%1</source>
+        <translation>Not saved: %1</translation>
+    </message>
+    <message>
+        <source>检查中</source>
+        <translation>Being checked</translation>
+    </message>
+    <message>
+        <source>通过</source>
+        <translation>Accepted</translation>
+    </message>
+    <message>
+        <source>未发送</source>
+        <translation>Not sent</translation>
+    </message>
+    <message>
+        <source>作业 %1 不能打开：%2</source>
+        <translation>Job %1 cannot be opened: %2</translation>
+    </message>
+    <message>
+        <source>作业 %1 未发送：%2</source>
+        <translation>Job %1 was not sent: %2</translation>
+    </message>
+    <message>
+        <source>作业 %1 已保存</source>
+        <translation>Job %1 is saved</translation>
+    </message>
+    <message>
+        <source>作业 %1 仍未保存：%2</source>
+        <translation>Job %1 is still not saved: %2</translation>
+    </message>
+    <message>
+        <source>%1（未保存）</source>
+        <translation>%1 (not saved)</translation>
+    </message>
+    <message>
+        <source>作业 %1 不能删除：%2</source>
+        <translation>Job %1 cannot be deleted: %2</translation>
+    </message>
+    <message>
+        <source>名称</source>
+        <translation>Name</translation>
+    </message>
+    <message>
+        <source>日期</source>
+        <translation>Date</translation>
+    </message>
+    <message>
+        <source>大小</source>
+        <translation>Size</translation>
+    </message>
+    <message>
+        <source>状态</source>
+        <translation>State</translation>
+    </message>
+    <message>
+        <source>这台机器人还没有作业。
+码垛的程序向导完成后，作业会出现在这里。</source>
+        <translation>This robot has no jobs yet.
+The program wizard of palletising puts its jobs here.</translation>
+    </message>
+    <message>
+        <source>排序：最新在前</source>
+        <translation>Sorted: newest first</translation>
+    </message>
+    <message>
+        <source>排序：按名称</source>
+        <translation>Sorted: by name</translation>
+    </message>
+    <message>
+        <source>打开</source>
+        <translation>Open</translation>
+    </message>
+    <message>
+        <source>发送到控制器</source>
+        <translation>Send to controller</translation>
+    </message>
+    <message>
+        <source>重新保存</source>
+        <translation>Save again</translation>
+    </message>
+    <message>
+        <source>放弃</source>
+        <translation>Drop</translation>
+    </message>
+    <message>
+        <source>删除</source>
+        <translation>Delete</translation>
     </message>
 </context>
 <context>
     <name>JobStore</name>
     <message>
         <source>目录 %1 不能建立</source>
-        <translation type="unfinished"></translation>
+        <translation>The directory %1 cannot be made</translation>
     </message>
     <message>
         <source>名称 %1 不能用作文件名</source>
-        <translation type="unfinished"></translation>
+        <translation>The name %1 is no file name</translation>
     </message>
     <message>
         <source>文件太大</source>
-        <translation type="unfinished"></translation>
+        <translation>The file is too large</translation>
+    </message>
+</context>
+<context>
+    <name>JobViewer</name>
+    <message>
+        <source>文件已损坏，按文本显示。%1</source>
+        <translation>The file is damaged and shown as text. %1</translation>
+    </message>
+    <message>
+        <source>未保存，只在内存中：%1</source>
+        <translation>Not saved, in memory only: %1</translation>
+    </message>
+    <message>
+        <source>控制器不接受此作业。%1</source>
+        <translation>The controller refuses this job. %1</translation>
+    </message>
+    <message>
+        <source>%1 行</source>
+        <translation>Lines: %1</translation>
+    </message>
+    <message>
+        <source>返回</source>
+        <translation>Back</translation>
+    </message>
+    <message>
+        <source>选择一行，此处显示文件中的全部字段</source>
+        <translation>Select a line; all of its fields in the file show here</translation>
+    </message>
+</context>
+<context>
+    <name>JobWords</name>
+    <message>
+        <source>第 %1 行：%2</source>
+        <translation>Line %1: %2</translation>
     </message>
 </context>
 <context>
@@ -887,11 +1018,11 @@ It is not installed on this device.</translation>
     </message>
     <message>
         <source>程序太大，不能发送给控制器</source>
-        <translation type="unfinished"></translation>
+        <translation>The program is too large for the controller</translation>
     </message>
     <message>
         <source>控制器未连接</source>
-        <translation type="unfinished"></translation>
+        <translation>No controller is connected</translation>
     </message>
 </context>
 <context>
@@ -2296,6 +2427,22 @@ of the first one before you mark them.</translation>
         <source>计数与结束</source>
         <translation>Counts and end</translation>
     </message>
+    <message>
+        <source>MovJ</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>BOOL</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>MovL</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>码垛文件生成成功！</source>
+        <translation type="unfinished"></translation>
+    </message>
 </context>
 <context>
     <name>TitleBar</name>
@@ -2320,6 +2467,10 @@ old values shown</translation>
     <message>
         <source>锁定</source>
         <translation>Lock</translation>
+    </message>
+    <message>
+        <source>作业</source>
+        <translation>Jobs</translation>
     </message>
 </context>
 <context>
@@ -2551,6 +2702,10 @@ old values shown</translation>
     <message>
         <source>还没有用户，无法锁定。请先在用户页添加管理员</source>
         <translation>No user yet, so nothing can be locked. Add an administrator on the users page first</translation>
+    </message>
+    <message>
+        <source>作业</source>
+        <translation>Jobs</translation>
     </message>
 </context>
 </TS>

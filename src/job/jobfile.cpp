@@ -70,15 +70,14 @@ struct FieldWriter {
     }
 };
 
-void appendPosition(QByteArray &out, int word, const RobotPos &position)
+void appendPosition(QByteArray &out, const RobotPos &position)
 {
-    out.append("POSITION ").append(RobotPos::nameOf(word).toLatin1()).append(" kind=");
+    out.append("POSITION ").append(RobotPos::nameOf(position.id).toLatin1()).append(" kind=");
     appendNumber(out, int(position.kind));
     for (const double value : position.values) {
         out.append(' ');
         appendNumber(out, value);
     }
-    out.append('\n');
 }
 
 void appendCommand(QByteArray &out, const Command &command)
@@ -252,8 +251,10 @@ QByteArray jobfile::write(const ProgramJOB &job)
     out.append(kMark.data(), static_cast<int>(kMark.size()));
     appendNumber(out, kVersion);
     out.append('\n');
-    for (const auto &[word, position] : job.positions())
-        appendPosition(out, word, *position);
+    for (const auto &[word, position] : job.positions()) {
+        appendPosition(out, *position);
+        out.append('\n');
+    }
     for (const auto &[name, value] : job.variables()) {
         out.append("VARIABLE ");
         appendText(out, name);
@@ -274,6 +275,13 @@ QByteArray jobfile::lineOf(const Command &command)
 {
     QByteArray out;
     appendCommand(out, command);
+    return out;
+}
+
+QByteArray jobfile::lineOf(const RobotPos &position)
+{
+    QByteArray out;
+    appendPosition(out, position);
     return out;
 }
 

@@ -17,8 +17,9 @@ constexpr qint64 kMaxBytes = 256 * 1024 * 1024;
 
 /// The job as UTF-8 text. Numbers are written in the shortest form that reads back as the same.
 QByteArray write(const ProgramJOB &job);
-/// The line of one command in it, without the end of the line.
+/// The line of one command or position in it, without the end of the line.
 QByteArray lineOf(const Command &command);
+QByteArray lineOf(const RobotPos &position);
 
 struct Reading {
     std::unique_ptr<ProgramJOB> job; ///< null when the text is damaged

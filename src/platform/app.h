@@ -14,7 +14,8 @@ enum AUTHORITY {
 class App {
 public:
     static int currentAction_; ///< what the prompt on screen is about; 0: nothing is pending
-    static int mainPage_; ///< main area that is shown; 2: the process pages
+    static int mainPage_; ///< main area that is shown; 2: the process pages, 8: the journal, 9: the
+                          ///< users, 10: the jobs
     static int secondPage_; ///< page within it; 28: process menu, 29: projects, 30: point page
     static AUTHORITY sysUser; ///< role of the current user
     static bool locked_; ///< the lock screen is up: no operator action is taken

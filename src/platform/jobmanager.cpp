@@ -2,6 +2,18 @@
 
 #include <algorithm>
 
+namespace {
+
+/// What has no file yet is the newest.
+bool isNewer(const JobStore::File &one, const JobStore::File &other)
+{
+    if (!one.changed.isValid() || !other.changed.isValid())
+        return !one.changed.isValid() && other.changed.isValid();
+    return one.changed > other.changed;
+}
+
+} // namespace
+
 void JobManager::updateJobsFileInfo(int robot, bool newestFirst, const QString &beginning,
                                     const QString &part)
 {
@@ -17,12 +29,10 @@ void JobManager::updateJobsFileInfo(int robot, bool newestFirst, const QString &
         if (job.name.startsWith(beginning) && job.name.contains(part))
             m_jobs.append(job);
     }
-    if (newestFirst) {
-        std::stable_sort(m_jobs.begin(), m_jobs.end(),
-                         [](const JobStore::File &one, const JobStore::File &other) {
-                             return one.changed > other.changed;
-                         });
-    }
+    std::stable_sort(m_jobs.begin(), m_jobs.end(),
+                     [=](const JobStore::File &one, const JobStore::File &other) {
+                         return newestFirst ? isNewer(one, other) : one.name < other.name;
+                     });
 }
 
 bool JobManager::jobExists(const QString &name) const

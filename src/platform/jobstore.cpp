@@ -55,6 +55,7 @@ JobStore::JobStore(QObject *parent)
                   + QStringLiteral("/jobs"))
 {
     connect(Robot::getInstance(), &Robot::jobChecked, this, &JobStore::takeVerdict);
+    connect(Robot::getInstance(), &Robot::linkChanged, this, &JobStore::forgetSent);
 }
 
 JobStore *JobStore::getInstance()
@@ -202,6 +203,22 @@ QString JobStore::hand(int robot, const QString &name, const QByteArray &text)
     const QString reason = Robot::getInstance()->sendJob(robot, name, text);
     m_verdicts[pathOf(robot, name)].state = reason.isEmpty() ? Verdict::Sent : Verdict::Unknown;
     return reason;
+}
+
+/// What a lost controller was still to say will not come.
+void JobStore::forgetSent()
+{
+    if (Robot::getInstance()->isConnected())
+        return;
+    bool isChanged = false;
+    for (Verdict &verdict : m_verdicts) {
+        if (verdict.state != Verdict::Sent)
+            continue;
+        verdict.state = Verdict::Unknown;
+        isChanged = true;
+    }
+    if (isChanged)
+        emit changed();
 }
 
 JobStore::Verdict JobStore::verdict(int robot, const QString &name) const

@@ -76,6 +76,7 @@ private:
     explicit JobStore(QObject *parent = nullptr);
 
     void takeVerdict(int robot, const QString &name, const JobFault &fault);
+    void forgetSent();
     int indexOfUnsaved(int robot, const QString &name) const;
     QString hand(int robot, const QString &name, const QByteArray &text);
 

@@ -14,6 +14,7 @@
 #include <QLabel>
 #include <QPainter>
 #include <QPushButton>
+#include <utility>
 
 namespace {
 
@@ -111,6 +112,24 @@ QString questionOf(const Kind &kind, const QString &text)
     return text.isEmpty() ? say(kind.questionWithoutText) : say(kind.question).arg(text);
 }
 
+/// A long name without blanks may break within, or its end would not be seen.
+QString breakable(const QString &text)
+{
+    constexpr int kLongest = 24; // characters without a break
+    const QChar chance(0x200b);
+    QString result;
+    int run = 0;
+    for (const QChar character : text) {
+        if (run >= kLongest && !character.isLowSurrogate() && !character.isMark()) {
+            result += chance;
+            run = 0;
+        }
+        result += character;
+        run = character.isSpace() ? 0 : run + 1;
+    }
+    return result;
+}
+
 } // namespace
 
 PromptWidget::PromptWidget(QWidget *parent)
@@ -191,11 +210,20 @@ void PromptWidget::set_widget_state(PromptWidget::WIDGETNAME name)
     setFocus(Qt::OtherFocusReason);
 }
 
+void PromptWidget::ask(PromptWidget::WIDGETNAME name, const QString &text,
+                       std::function<void(bool)> answered)
+{
+    repaint_widget(name, text);
+    set_widget_state(name);
+    if (m_shown == name)
+        m_asker = std::move(answered);
+}
+
 void PromptWidget::build(WIDGETNAME name)
 {
     const Kind &kind = *kindOf(name);
     m_title->setText(say(kind.title));
-    m_question->setText(questionOf(kind, m_shownText));
+    m_question->setText(questionOf(kind, breakable(m_shownText)));
     m_targetLabel->setText(tr("工艺号"));
     m_pictureLabel->setText(tr("图形号"));
     m_confirm->setText(say(kind.confirm));
@@ -269,7 +297,7 @@ QString PromptWidget::text() const
 
 QString PromptWidget::question() const
 {
-    return m_shown == PROMPT_NONE ? QString() : m_question->text();
+    return m_shown == PROMPT_NONE ? QString() : questionOf(*kindOf(m_shown), m_shownText);
 }
 
 void PromptWidget::answer(bool confirmed)
@@ -281,7 +309,10 @@ void PromptWidget::answer(bool confirmed)
     m_cancel->setEnabled(false);
     const quint64 showing = m_showings;
     const QPointer<PromptWidget> self(this);
-    emitAnswer(m_shown, confirmed, m_target->value(), m_picture->value());
+    if (const auto asker = std::exchange(m_asker, nullptr))
+        asker(confirmed);
+    else
+        emitAnswer(m_shown, confirmed, m_target->value(), m_picture->value());
     if (self && m_showings == showing)
         close();
 }
@@ -307,6 +338,7 @@ void PromptWidget::ended()
         return;
     const int number = m_shown;
     m_shown = PROMPT_NONE;
+    m_asker = nullptr;
     InputGate::getInstance()->release(this);
     EventLog::getInstance()->record(QStringLiteral("promptClosed"), {number});
 }

@@ -2,6 +2,7 @@
 
 #include <QPointer>
 #include <QWidget>
+#include <functional>
 
 class QLabel;
 class QPushButton;
@@ -42,6 +43,12 @@ public:
     void repaint_widget(PromptWidget::WIDGETNAME name, const QString &text);
     /// Shows the prompt of that kind.
     void set_widget_state(PromptWidget::WIDGETNAME name);
+
+    /// Shows the prompt of that kind for one asker alone: none of the answer signals is given,
+    /// `answered` is called once instead, before the prompt closes itself. A prompt that ends
+    /// without an answer, or that another one takes the place of, forgets it.
+    void ask(PromptWidget::WIDGETNAME name, const QString &text,
+             std::function<void(bool confirmed)> answered);
 
     /// Lays it above everything again, if it is up.
     void stayOnTop();
@@ -112,6 +119,7 @@ private:
     QString m_shownText;
     quint64 m_showings = 0; ///< counts the showings, to tell one from the next
     bool m_answered = false;
+    std::function<void(bool)> m_asker; ///< gets the answer; none: the signals do
     QPointer<QWidget> m_host;
 
     QLabel *m_title;

@@ -12,7 +12,7 @@ namespace {
 constexpr int kLargestTitle = 16; // points
 constexpr int kSmallestTitle = 10;
 constexpr int kTitleSlack = 4; // pixels; a line as wide as its label wraps already
-const char *const kAreaNames[] = {"areaProcess", "areaEvents", "areaUsers"};
+const char *const kAreaNames[] = {"areaProcess", "areaJobs", "areaEvents", "areaUsers"};
 
 } // namespace
 
@@ -53,7 +53,8 @@ TitleBar::TitleBar(QWidget *parent)
                 [this, area] { emit areaClicked(static_cast<Area>(area)); });
     }
     row->addWidget(m_lock);
-    for (QPushButton *button : {m_areas[0], m_areas[1], m_areas[2], m_lock}) {
+    const auto buttons = findChildren<QPushButton *>();
+    for (QPushButton *button : buttons) {
         button->setFocusPolicy(Qt::NoFocus);
         button->setFixedHeight(42);
         button->setMinimumWidth(64);
@@ -112,6 +113,7 @@ void TitleBar::retranslate()
 {
     m_stale->setText(tr("链路中断\n显示的是旧值"));
     m_areas[Process]->setText(tr("工艺"));
+    m_areas[Jobs]->setText(tr("作业"));
     m_areas[Events]->setText(tr("事件"));
     m_areas[Users]->setText(tr("用户"));
     m_lock->setText(tr("锁定"));

@@ -5,11 +5,12 @@
 class QLabel;
 class QPushButton;
 
-/// The title of the page, the mark of old values, the three areas of the pendant, and the lock.
+/// The title of the page, the mark of old values, the four areas of the pendant, and the lock.
 class TitleBar : public QWidget {
     Q_OBJECT
 public:
-    enum Area { Process, Events, Users };
+    enum Area { Process, Jobs, Events, Users };
+    static constexpr int kAreas = Users + 1;
     static constexpr int kHeight = 48;
 
     explicit TitleBar(QWidget *parent = nullptr);
@@ -34,6 +35,6 @@ private:
 
     QLabel *m_title;
     QLabel *m_stale;
-    QPushButton *m_areas[3];
+    QPushButton *m_areas[kAreas];
     QPushButton *m_lock;
 };

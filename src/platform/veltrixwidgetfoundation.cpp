@@ -4,6 +4,7 @@
 #include "displaysize.h"
 #include "eventpage.h"
 #include "idlelock.h"
+#include "jobpage.h"
 #include "keycolumn.h"
 #include "language.h"
 #include "loginpage.h"
@@ -25,12 +26,28 @@ static_assert(DisplaySize::contentWidth + KeyColumn::kWidth == DisplaySize::widt
 static_assert(TitleBar::kHeight + DisplaySize::contentHeight + StatusBar::kHeight
               == DisplaySize::height);
 
+VeltrixWidgetFoundation::MainPage mainPageOf(TitleBar::Area area)
+{
+    switch (area) {
+    case TitleBar::Jobs:
+        return VeltrixWidgetFoundation::JobsPage;
+    case TitleBar::Events:
+        return VeltrixWidgetFoundation::JournalPage;
+    case TitleBar::Users:
+        return VeltrixWidgetFoundation::UsersPage;
+    case TitleBar::Process:
+        break;
+    }
+    return VeltrixWidgetFoundation::ProcessPages;
+}
+
 } // namespace
 
 VeltrixWidgetFoundation::VeltrixWidgetFoundation(QWidget *parent)
     : QWidget(parent), m_titleBar(new TitleBar(this)), m_keys(new KeyColumn(this)),
-      m_statusBar(new StatusBar(this)), m_events(new EventPage(this)), m_users(new UserPage(this)),
-      m_login(new LoginPage(this)), m_idleLock(new IdleLock(this)), m_lastRole(App::sysUser)
+      m_statusBar(new StatusBar(this)), m_jobs(new JobPage(this)), m_events(new EventPage(this)),
+      m_users(new UserPage(this)), m_login(new LoginPage(this)), m_idleLock(new IdleLock(this)),
+      m_lastRole(App::sysUser)
 {
     setObjectName(QStringLiteral("VeltrixWidgetFoundation"));
     setFixedSize(DisplaySize::width, DisplaySize::height);
@@ -41,7 +58,7 @@ VeltrixWidgetFoundation::VeltrixWidgetFoundation(QWidget *parent)
     m_titleBar->setGeometry(0, 0, width, TitleBar::kHeight);
     m_statusBar->setGeometry(0, kContentY + DisplaySize::contentHeight, width, StatusBar::kHeight);
     m_keys->setGeometry(width, 0, KeyColumn::kWidth, DisplaySize::height);
-    for (QWidget *page : {static_cast<QWidget *>(m_events), static_cast<QWidget *>(m_users)}) {
+    for (QWidget *page : QVector<QWidget *>{m_jobs, m_events, m_users}) {
         page->setGeometry(0, kContentY, width, DisplaySize::contentHeight);
         page->hide();
     }
@@ -123,6 +140,7 @@ void VeltrixWidgetFoundation::showArea(TitleBar::Area area)
         if (m_area == TitleBar::Process)
             leaveProcessPages();
         m_area = area;
+        m_jobs->setVisible(area == TitleBar::Jobs);
         m_events->setVisible(area == TitleBar::Events);
         m_users->setVisible(area == TitleBar::Users);
         if (area == TitleBar::Process) {
@@ -131,12 +149,16 @@ void VeltrixWidgetFoundation::showArea(TitleBar::Area area)
                     content->show();
             }
         }
-        App::mainPage_ = area == TitleBar::Process ? ProcessPages
-            : area == TitleBar::Events             ? JournalPage
-                                                   : UsersPage;
+        App::mainPage_ = mainPageOf(area);
     }
     m_titleBar->setArea(area);
     refreshTitle();
+}
+
+void VeltrixWidgetFoundation::showJobs(int)
+{
+    m_jobs->showList();
+    showArea(TitleBar::Jobs);
 }
 
 void VeltrixWidgetFoundation::refreshTitle()
@@ -145,6 +167,9 @@ void VeltrixWidgetFoundation::refreshTitle()
     switch (m_area) {
     case TitleBar::Process:
         m_titleBar->setTitle(pageTitle(m_titleGroup, m_titleId));
+        break;
+    case TitleBar::Jobs:
+        m_titleBar->setTitle(tr("作业"));
         break;
     case TitleBar::Events:
         m_titleBar->setTitle(tr("事件记录"));

@@ -8,18 +8,20 @@
 
 class EventPage;
 class IdleLock;
+class JobPage;
 class KeyColumn;
 class LoginPage;
 class StatusBar;
 class UserPage;
 
 /// The main window, 800 x 600: title bar, content area of 714 x 504, key column, status bar. The
-/// content area shows the process pages, the journal, or the users; the lock screen covers it all.
+/// content area shows the process pages, the jobs, the journal, or the users; the lock screen
+/// covers it all.
 class VeltrixWidgetFoundation : public QWidget {
     Q_OBJECT
 public:
     /// App::mainPage_ while an area is shown; the process pages ask for theirs before they poll.
-    enum MainPage { ProcessPages = 2, JournalPage = 8, UsersPage = 9 };
+    enum MainPage { ProcessPages = 2, JournalPage = 8, UsersPage = 9, JobsPage = 10 };
 
     explicit VeltrixWidgetFoundation(QWidget *parent = nullptr);
     ~VeltrixWidgetFoundation() override;
@@ -32,6 +34,7 @@ public:
     /// The controller runs inside this program: marked on screen at all times.
     void setEmbeddedController(bool embedded);
     EventPage *eventPage() const { return m_events; }
+    JobPage *jobPage() const { return m_jobs; }
     IdleLock *idleLock() const { return m_idleLock; }
     TitleBar::Area area() const { return m_area; }
 
@@ -39,6 +42,9 @@ public slots:
     /// Shows the title of a page: group 8 process pages, group 1 hosted pages; `third` is always 0.
     void showWidgetTitle(int group, int title, int third);
     void showArea(TitleBar::Area area);
+    /// Shows the job list of the robot that is worked with. The kind of window that the asking page
+    /// names makes no difference: there is one list.
+    void showJobs(int windType);
 
 signals:
     void signal_clickUserBtn();
@@ -61,6 +67,7 @@ private:
     TitleBar *m_titleBar;
     KeyColumn *m_keys;
     StatusBar *m_statusBar;
+    JobPage *m_jobs;
     EventPage *m_events;
     UserPage *m_users;
     LoginPage *m_login;
