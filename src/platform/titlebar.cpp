@@ -11,6 +11,8 @@ namespace {
 
 constexpr int kLargestTitle = 16; // points
 constexpr int kSmallestTitle = 10;
+constexpr int kNarrowestButton = 60; // pixels
+constexpr int kButtonMargins = 18;
 constexpr int kTitleSlack = 4; // pixels; a line as wide as its label wraps already
 const char *const kAreaNames[] = {"areaProcess", "areaJobs", "areaEvents", "areaUsers"};
 
@@ -57,7 +59,6 @@ TitleBar::TitleBar(QWidget *parent)
     for (QPushButton *button : buttons) {
         button->setFocusPolicy(Qt::NoFocus);
         button->setFixedHeight(42);
-        button->setMinimumWidth(64);
     }
     connect(m_lock, &QPushButton::clicked, this, &TitleBar::lockClicked);
     connect(Robot::getInstance(), &Robot::linkChanged, this, &TitleBar::refreshStale);
@@ -81,6 +82,16 @@ void TitleBar::setArea(Area area)
 {
     for (int each = Process; each <= Users; ++each)
         m_areas[each]->setChecked(each == area);
+}
+
+/// As wide as their words ask for, so that the title keeps its room.
+void TitleBar::fitButtons()
+{
+    const auto buttons = findChildren<QPushButton *>();
+    for (QPushButton *button : buttons) {
+        const int words = button->fontMetrics().horizontalAdvance(button->text());
+        button->setFixedWidth(qMax(kNarrowestButton, words + kButtonMargins));
+    }
 }
 
 void TitleBar::fitTitle()
@@ -117,6 +128,7 @@ void TitleBar::retranslate()
     m_areas[Events]->setText(tr("事件"));
     m_areas[Users]->setText(tr("用户"));
     m_lock->setText(tr("锁定"));
+    fitButtons();
 }
 
 void TitleBar::changeEvent(QEvent *event)

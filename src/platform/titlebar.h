@@ -29,6 +29,7 @@ protected:
 
 private:
     void retranslate();
+    void fitButtons();
     /// Long titles get a smaller font rather than being cut off.
     void fitTitle();
     void refreshStale();
