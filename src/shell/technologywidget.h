@@ -1,6 +1,7 @@
 #pragma once
 
 #include "jobmanager.h"
+#include "pallet/wizard/jobsequence.h"
 #include "pallet/wizard/programinformation.h"
 #include "shell/coordinates.h"
 #include "shell/edittoggle.h"
@@ -90,6 +91,8 @@ public slots:
 public:
     /// Refills the port lists of the program wizard from the settings page. Row 0 reads "无".
     void reflashTechnologyIOPortList();
+    /// What the program wizard has collected so far.
+    const ProgramInformation &collectedProgram() const { return programInformation; }
 
     // Axes: pallet/axes.cpp
     /// Names the values of the position panel of the point page: 0 joint, 1 Cartesian, 2 tool,
@@ -232,6 +235,19 @@ public slots:
     void changexyPathOptBtnState();
     void changezPathOptBtnState();
 
+    // Job generation: pallet/wizard/generate.cpp, commandbuilders.cpp, jobsequence.cpp
+    void on_createdFileFinishBtn_clicked();
+    void createJobFile();
+    void createJobFile2();
+    void insertPalCmd(int craft, int selector, int line, QString text);
+    void insertMoveCmd(int unused, int interpolation, int number, int line, QString text);
+    void insertWhileCmd(int selector, int &line, int port, int value);
+    void insertWaitCmd(int port, int value, int line);
+    void insertDoutCmd(int port, int value, int line);
+    void insertTimerCmd(QString seconds, int line);
+    void insertBoolCmd(int line);
+    void insertIntCmd(int line, int which);
+
     // ---- Conveyor tracking: conveyor/conveyor.cpp · pages 6 to 12, 55, 56 ----
 
     // ---- Laser cutting: laser/laser.cpp · pages 15 to 22 ----
@@ -313,6 +329,7 @@ private:
     Json::Value planeRequest() const;
     bool fillPlaneHead(const Reply &plane);
     void initWizard();
+    void retranslateWizard();
     void initWizardPoints();
     void initWizardVariables();
     void showWizardProgramme();
@@ -328,6 +345,9 @@ private:
     void resetWizardPorts();
     void appendEndVariables();
     bool acceptVariables();
+    void generateJob(const jobsequence::Sequence &sequence);
+    void insertStep(const jobsequence::Step &step, int &line);
+    QString pointText(jobsequence::Position position) const;
     EditPage polishPage() const;
 
     static TechnologyWidget *instance;
@@ -379,6 +399,12 @@ private:
     int getPointMarks = 0; ///< how often the wizard's points were marked; 0: not yet
     int upperPointMarks = 0;
     int safePointMarks = 0;
+    // The marked points as the job takes them: seven numbers with one blank between them.
+    QString getPointText;
+    QString upperPointText;
+    QString safePointText;
+    QString palOffVariableName; ///< of the variable that ends the job
+    bool jobIsGenerated = false; ///< since the name was taken on the first page
     // The joints on the wizard's page of points: J1 to J7.
     QVector<QLabel *> wizardHeadLabels;
     QVector<QLabel *> wizardLiveLabels;

@@ -190,6 +190,17 @@ constexpr const char *kSlots[] = {
     "slotPALLETpaloffVariant(QString)",
     "changexyPathOptBtnState()",
     "changezPathOptBtnState()",
+    "on_createdFileFinishBtn_clicked()",
+    "createJobFile()",
+    "createJobFile2()",
+    "insertPalCmd(int,int,int,QString)",
+    "insertMoveCmd(int,int,int,int,QString)",
+    "insertWhileCmd(int,int&,int,int)",
+    "insertWaitCmd(int,int,int)",
+    "insertDoutCmd(int,int,int)",
+    "insertTimerCmd(QString,int)",
+    "insertBoolCmd(int)",
+    "insertIntCmd(int,int)",
 };
 
 constexpr const char *kSignals[] = {

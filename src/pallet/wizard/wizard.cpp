@@ -158,6 +158,12 @@ void TechnologyWidget::initWizard()
         connect(way.button, &QAbstractButton::clicked, this, way.slot);
 }
 
+/// The first row of the port lists is no port but a word.
+void TechnologyWidget::retranslateWizard()
+{
+    reflashTechnologyIOPortList();
+}
+
 /// Opens the wizard on its first page.
 void TechnologyWidget::palletCreatedFileWidget1()
 {
@@ -194,6 +200,7 @@ void TechnologyWidget::palletCreatedFileWidget2()
         return;
     }
     setSheet(ui->palletProgrameName_edit, nameSheet("black"));
+    jobIsGenerated = false;
     programInformation.name = name;
     programInformation.craftNumber = ui->palletNumTechcomboBox->currentIndex() + 1;
     programInformation.functionNumber = ui->palletFunctioncomboBox->currentIndex() + 1;
