@@ -169,6 +169,7 @@ void TechnologyWidget::changeEvent(QEvent *event)
             return_mainPage();
         ui->retranslateUi(this);
         retranslatePalletPages();
+        retranslateWizard();
     }
     QStackedWidget::changeEvent(event);
 }

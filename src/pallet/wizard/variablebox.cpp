@@ -3,6 +3,7 @@
 #include "inputgate.h"
 #include "setfontsize.h"
 
+#include <QAbstractItemModel>
 #include <QFrame>
 #include <QGridLayout>
 #include <QLabel>
@@ -66,6 +67,9 @@ public:
             if (!InputGate::getInstance()->allows(m_box))
                 close();
         });
+        // keys of a list that is another one meanwhile would not do what they say
+        connect(box->model(), &QAbstractItemModel::rowsInserted, this, &QWidget::close);
+        connect(box->model(), &QAbstractItemModel::rowsRemoved, this, &QWidget::close);
         const int row = std::max(box->currentIndex(), 0);
         showFrom(row - row % kEntries);
         m_keys.at(row % kEntries)->setFocus();
@@ -120,7 +124,7 @@ VariableBox::VariableBox(QWidget *parent) : QComboBox(parent) { }
 
 void VariableBox::showPopup()
 {
-    if (m_board || count() == 0)
+    if ((m_board && m_board->isVisible()) || count() == 0)
         return;
     auto *board = new VariableBoard(this);
     m_board = board;
