@@ -47,7 +47,7 @@ QString conditionPart(const std::unique_ptr<CommandCondition> &condition)
 /// " OT#2 = 1"; the name already ends in its own separator.
 QString outputText(const IOCommand &output)
 {
-    return QStringLiteral(" %1%2 = ").arg(output.ioName).arg(output.ioPort)
+    return QLatin1Char(' ') + output.ioName + QString::number(output.ioPort) + QStringLiteral(" = ")
         + numberText(output.ioValue);
 }
 

@@ -102,7 +102,7 @@ JobFault checkOutput(const IOCommand &output, const Ports &ports)
 {
     if (output.ioName != QLatin1String("OT#") || output.ioPort < 1
         || output.ioPort > ports.digitalOut)
-        return fault(JobFault::Port, QStringLiteral("%1%2").arg(output.ioName).arg(output.ioPort));
+        return fault(JobFault::Port, output.ioName + QString::number(output.ioPort));
     return output.ioValue == 0.0 || output.ioValue == 1.0
         ? JobFault()
         : fault(JobFault::Value, QStringLiteral("ioValue"));

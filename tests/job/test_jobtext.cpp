@@ -93,6 +93,8 @@ private slots:
         output.ioPort = 2;
         output.ioValue = 1.0;
         QCOMPARE(statementOf(output), QStringLiteral("DOUT OT#2 = 1"));
+        output.ioName = QStringLiteral("%1%2");
+        QCOMPARE(statementOf(output), QStringLiteral("DOUT %1%22 = 1"));
         VARCommand integer(Command::SetInteger);
         QCOMPARE(statementOf(integer), QStringLiteral("SETINT I000 = 0"));
         VARCommand boolean(Command::SetBoolean);

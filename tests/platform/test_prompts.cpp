@@ -9,6 +9,7 @@
 #include <QAbstractItemView>
 #include <QComboBox>
 #include <QDialog>
+#include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
 #include <QShortcut>
@@ -100,6 +101,10 @@ private slots:
     void itLiesCentredOverTheHost();
     void itOutlivesItsHost();
     void itWorksWithoutAHost();
+    void anAnswerForOneAskerAlone();
+    void anAskerThatIsForgotten();
+    void anAskerMayAskAgain();
+    void aLongNameBreaksWithin();
 
     void onlyThePromptGetsInput();
     void touchesFromTheScreenAreHeldBackToo();
@@ -681,6 +686,75 @@ void TestPrompts::aPromptAfterTheCoverGetsInput()
     // The cover stays until it is lifted.
     QTest::mouseClick(m_page, Qt::LeftButton);
     QCOMPARE(m_pressed, 0);
+}
+
+void TestPrompts::anAnswerForOneAskerAlone()
+{
+    QSignalSpy confirmed(prompt(), &PromptWidget::deleteXmlJob);
+    QSignalSpy cancelled(prompt(), &PromptWidget::cancelDeleteXmlJob);
+    QVector<bool> answered;
+    for (const char *name : {"promptConfirm", "promptCancel"}) {
+        prompt()->ask(kind(60), QStringLiteral("A"), [&](bool yes) { answered.append(yes); });
+        QCOMPARE(prompt()->currentWidget(), kind(60));
+        QCOMPARE(prompt()->text(), QStringLiteral("A"));
+        touch(QString::fromLatin1(name));
+        touch(QString::fromLatin1(name));
+        QVERIFY(!prompt()->isVisible());
+    }
+    QCOMPARE(answered, QVector<bool>({true, false}));
+    QCOMPARE(static_cast<int>(confirmed.count()), 0);
+    QCOMPARE(static_cast<int>(cancelled.count()), 0);
+    // The next one, asked in the usual way, gives its signals again.
+    ask(60);
+    touch(QStringLiteral("promptConfirm"));
+    QCOMPARE(static_cast<int>(confirmed.count()), 1);
+    QCOMPARE(static_cast<int>(answered.size()), 2);
+}
+
+void TestPrompts::anAskerThatIsForgotten()
+{
+    int answers = 0;
+    const auto askAlone = [&] {
+        prompt()->ask(kind(60), QStringLiteral("A"), [&](bool) { ++answers; });
+    };
+    askAlone();
+    ask(60, QStringLiteral("B")); // takes its place
+    touch(QStringLiteral("promptConfirm"));
+    QCOMPARE(answers, 0);
+    askAlone();
+    prompt()->close();
+    ask(60, QStringLiteral("B"));
+    touch(QStringLiteral("promptConfirm"));
+    QCOMPARE(answers, 0);
+}
+
+void TestPrompts::anAskerMayAskAgain()
+{
+    QStringList answered;
+    prompt()->ask(kind(60), QStringLiteral("A"), [&](bool) {
+        answered += QStringLiteral("A");
+        prompt()->ask(kind(60), QStringLiteral("B"),
+                      [&](bool) { answered += QStringLiteral("B"); });
+    });
+    touch(QStringLiteral("promptConfirm"));
+    QCOMPARE(prompt()->text(), QStringLiteral("B"));
+    QVERIFY(prompt()->isVisible());
+    touch(QStringLiteral("promptConfirm"));
+    QVERIFY(!prompt()->isVisible());
+    QCOMPARE(answered, QStringList({QStringLiteral("A"), QStringLiteral("B")}));
+}
+
+void TestPrompts::aLongNameBreaksWithin()
+{
+    const QString name(100, QLatin1Char('W'));
+    ask(60, name);
+    QVERIFY(prompt()->question().contains(name));
+    QCOMPARE(prompt()->text(), name);
+    const auto *label = prompt()->findChild<QLabel *>(QStringLiteral("promptQuestion"));
+    const QRect needed = label->fontMetrics().boundingRect(QRect(0, 0, label->width(), 1000),
+                                                           Qt::TextWordWrap, label->text());
+    QVERIFY(needed.width() <= label->width());
+    QVERIFY(needed.height() <= label->height());
 }
 
 void TestPrompts::aCoverAfterThePromptLeavesItTheInput()

@@ -255,6 +255,8 @@ private slots:
             {"no output", field(sample::Output, &IOCommand::ioPort, 0), JobFault::Port, 10, "OT#0"},
             {"another kind of output", field(sample::Output, &IOCommand::ioName, text("AO")),
              JobFault::Port, 10, "AO2"},
+            {"a strange kind of output", field(sample::Output, &IOCommand::ioName, text("%1%2")),
+             JobFault::Port, 10, "%1%22"},
             {"half on", field(sample::Output, &IOCommand::ioValue, 0.5), JobFault::Value, 10,
              "ioValue"},
         });
