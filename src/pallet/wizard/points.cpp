@@ -9,6 +9,7 @@
 
 #include <QGridLayout>
 #include <QLabel>
+#include <utility>
 
 namespace {
 
