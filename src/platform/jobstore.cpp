@@ -4,10 +4,10 @@
 #include "jobfile.h"
 #include "morerobot.h"
 #include "robot.h"
+#include "wholefile.h"
 
 #include <QDir>
 #include <QFileInfo>
-#include <QSaveFile>
 #include <QStandardPaths>
 #include <algorithm>
 
@@ -23,10 +23,7 @@ QString writeFile(const QString &path, const QByteArray &text)
     const QString directory = QFileInfo(path).path();
     if (!QDir().mkpath(directory))
         return JobStore::tr("目录 %1 不能建立").arg(directory);
-    QSaveFile file(path);
-    if (!file.open(QIODevice::WriteOnly) || file.write(text) != text.size() || !file.commit())
-        return file.errorString();
-    return {};
+    return writeWholeFile(path, text);
 }
 
 /// Letters, digits, marks, punctuation, symbols and blanks; nothing that is invisible or
@@ -201,7 +198,8 @@ QString JobStore::send(int robot, const QString &name)
 QString JobStore::hand(int robot, const QString &name, const QByteArray &text)
 {
     const QString reason = Robot::getInstance()->sendJob(robot, name, text);
-    m_verdicts[pathOf(robot, name)].state = reason.isEmpty() ? Verdict::Sent : Verdict::Unknown;
+    if (reason.isEmpty())
+        m_verdicts[pathOf(robot, name)] = {Verdict::Sent, {}};
     return reason;
 }
 

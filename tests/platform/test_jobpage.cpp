@@ -405,6 +405,13 @@ private slots:
         QTRY_COMPARE(stateOf(QStringLiteral("A")), QStringLiteral("通过"));
         QCOMPARE(desk.controller->received(wire::StoreJob), 1);
         QCOMPARE(selected(), QStringLiteral("A"));
+
+        // What was not sent has changed nothing.
+        robot->disconnectFromController();
+        click("jobSend");
+        QCOMPARE(stateOf(QStringLiteral("A")), QStringLiteral("通过"));
+        store()->save(1, QStringLiteral("A"), sampleText());
+        QCOMPARE(stateOf(QStringLiteral("A")), QStringLiteral("未发送"));
     }
 
     /// What was to be said by a controller that is gone is not waited for.
