@@ -1,9 +1,9 @@
 #include "eventlog.h"
 
-#include <QCoreApplication>
-#include <QSaveFile>
-#include <QStringList>
+#include "wholefile.h"
 
+#include <QCoreApplication>
+#include <QStringList>
 #include <algorithm>
 
 namespace {
@@ -109,19 +109,17 @@ QString EventLog::valuesText(const Entry &entry)
 
 bool EventLog::exportText(const QString &path, QString *error) const
 {
-    QSaveFile file(path);
-    bool good = file.open(QIODevice::WriteOnly);
-    for (auto entry = m_entries.cbegin(); good && entry != m_entries.cend(); ++entry) {
+    QByteArray text;
+    for (const Entry &entry : m_entries) {
         const QString line =
             QStringLiteral("%1\t%2\t%3\t")
-                .arg(QString::number(entry->number),
-                     entry->time.toLocalTime().toString(Qt::ISODateWithMs), entry->kind)
-            + valuesText(*entry) + QLatin1Char('\n');
-        good = file.write(line.toUtf8()) >= 0;
+                .arg(QString::number(entry.number),
+                     entry.time.toLocalTime().toString(Qt::ISODateWithMs), entry.kind)
+            + valuesText(entry) + QLatin1Char('\n');
+        text += line.toUtf8();
     }
-    good = good && file.commit();
-    if (!good && error)
-        *error = QCoreApplication::translate("EventLog", "无法写入 %1：%2")
-                     .arg(path, file.errorString());
-    return good;
+    const QString reason = writeWholeFile(path, text);
+    if (!reason.isEmpty() && error)
+        *error = QCoreApplication::translate("EventLog", "无法写入 %1：%2").arg(path, reason);
+    return reason.isEmpty();
 }

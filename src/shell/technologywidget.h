@@ -248,6 +248,10 @@ public slots:
     void insertBoolCmd(int line);
     void insertIntCmd(int line, int which);
 
+public:
+    /// The editor that builds this widget's jobs.
+    JobEdit *jobEditor() const { return jobEdit; }
+
     // ---- Conveyor tracking: conveyor/conveyor.cpp · pages 6 to 12, 55, 56 ----
 
     // ---- Laser cutting: laser/laser.cpp · pages 15 to 22 ----
