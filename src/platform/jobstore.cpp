@@ -83,7 +83,7 @@ bool JobStore::isValidName(const QString &name)
     if (name.isEmpty() || name != name.trimmed() || name.startsWith(QLatin1Char('.'))
         || name.endsWith(QLatin1Char('.')))
         return false;
-    if (name.toUtf8().size() > kMaxNameBytes
+    if (!name.isValidUtf16() || name.toUtf8().size() > kMaxNameBytes
         || name != name.normalized(QString::NormalizationForm_C))
         return false;
     const auto characters = name.toUcs4();

@@ -1,0 +1,359 @@
+// Jobs as files: names, writing, the unsaved ones, the list, and the editor that builds them.
+
+#include "../simulator/link.h"
+#include "../support.h"
+
+#include "jobedit.h"
+#include "jobfile.h"
+#include "jobmanager.h"
+#include "movecommand.h"
+#include "timercommand.h"
+#include "varcommand.h"
+
+#include <QDir>
+#include <QSignalSpy>
+#include <QTemporaryDir>
+
+namespace {
+
+JobStore *store()
+{
+    return JobStore::getInstance();
+}
+
+QStringList names(const JobManager &manager)
+{
+    QStringList list;
+    for (const JobStore::File &job : manager.jobs())
+        list += job.name;
+    return list;
+}
+
+} // namespace
+
+class TestJobStore : public QObject {
+    Q_OBJECT
+private:
+    std::unique_ptr<QTemporaryDir> m_directory;
+
+    /// Puts a file where the robot's directory should be, so that nothing can be stored in it.
+    QString block(int robot) const
+    {
+        QFile file(store()->directoryOf(robot));
+        return file.open(QIODevice::WriteOnly) ? file.fileName() : QString();
+    }
+
+private slots:
+    void init()
+    {
+        m_directory = std::make_unique<QTemporaryDir>();
+        store()->setDirectory(m_directory->path());
+        MoreRobot::setCurrentRobot(1);
+    }
+    void cleanup()
+    {
+        while (!store()->unsaved().isEmpty()) {
+            const JobStore::Unsaved job = store()->unsaved().first();
+            store()->drop(job.robot, job.name);
+        }
+    }
+
+    void fileNames_data()
+    {
+        QTest::addColumn<QString>("name");
+        QTest::addColumn<bool>("isValid");
+        const auto row = [](const char *what, const QString &name, bool isValid) {
+            QTest::newRow(what) << name << isValid;
+        };
+        row("letters", "JOB1", true);
+        row("one letter", "a", true);
+        row("Chinese", "码垛1号线", true);
+        row("blank within", "line 1 left", true);
+        row("points within", "v1.2.3", true);
+        row("marks", "a-b_c+d=(e)[f]{g}#1,2;~!@$%^&'`", true);
+        row("beyond the first plane", QString::fromUtf8("\xf0\xa0\x80\x80"), true);
+        row("the suffix again", "a.JBR", true);
+        row("longest", QString(100, QLatin1Char('x')), true);
+        row("longest in Chinese", QString(33, QChar(0x7801)), true);
+        row("empty", "", false);
+        row("blank", " ", false);
+        row("blank before", " a", false);
+        row("blank behind", "a ", false);
+        row("wide blank behind", QStringLiteral("a\u3000"), false);
+        row("one byte too long", QString(101, QLatin1Char('x')), false);
+        row("too long in Chinese", QString(34, QChar(0x7801)), false);
+        row("point", ".", false);
+        row("two points", "..", false);
+        row("hidden", ".job", false);
+        row("point behind", "job.", false);
+        row("slash", "a/b", false);
+        row("up and out", "../a", false);
+        row("absolute", "/a", false);
+        row("backslash", "a\\b", false);
+        row("drive", "c:a", false);
+        row("asterisk", "a*", false);
+        row("question mark", "a?", false);
+        row("quote", "a\"b", false);
+        row("angle", "<a>", false);
+        row("bar", "a|b", false);
+        row("zero", QString(QChar(0)), false);
+        row("zero within", QString("a") + QChar(0) + "b", false);
+        row("tab", "a\tb", false);
+        row("line end", "a\nb", false);
+        row("delete", "a\x7f", false);
+        row("control of the second half", QString("a") + QChar(0x85), false);
+        row("turns the writing", QString("a") + QChar(0x202e) + "b", false);
+        row("no width", QString("a") + QChar(0x200b) + "b", false);
+        row("line separator", QString("a") + QChar(0x2028) + "b", false);
+        row("private", QString("a") + QChar(0xe000), false);
+        row("half a pair", QString("a") + QChar(0xd800), false);
+        row("not composed", QString("e") + QChar(0x0301), false);
+        row("composed", QString(QChar(0xe9)), true);
+    }
+
+    void fileNames()
+    {
+        QFETCH(QString, name);
+        QFETCH(bool, isValid);
+        QCOMPARE(JobManager::isValidFileName(name), isValid);
+        // what is accepted can be stored, listed and read; what is refused leaves nothing behind
+        QCOMPARE(store()->save(1, name, "text").isEmpty(), isValid);
+        QCOMPARE(store()->files(1).size(), isValid ? 1 : 0);
+        QDir outside(m_directory->path());
+        QCOMPARE(outside.entryList(QDir::AllEntries | QDir::NoDotAndDotDot | QDir::Hidden),
+                 isValid ? QStringList{"robot1"} : QStringList());
+        if (!isValid)
+            return;
+        QCOMPARE(store()->files(1).first().name, name);
+        QString error;
+        QCOMPARE(store()->read(1, name, &error), QByteArray("text"));
+        QVERIFY(error.isEmpty());
+        QCOMPARE(store()->remove(1, name), QString());
+        QVERIFY(store()->files(1).isEmpty());
+    }
+
+    void robotsAreApart()
+    {
+        QCOMPARE(store()->save(2, "a", "two"), QString());
+        QVERIFY(store()->files(1).isEmpty());
+        QCOMPARE(store()->files(2).size(), 1);
+        for (const int robot : {-1, 0, 5}) {
+            QVERIFY(store()->files(robot).isEmpty());
+            QVERIFY(!store()->save(robot, "a", "text").isEmpty());
+        }
+        QCOMPARE(QDir(m_directory->path()).entryList(QDir::Dirs | QDir::NoDotAndDotDot),
+                 QStringList{"robot2"});
+    }
+
+    void listOfAManager()
+    {
+        for (const char *name : {"line1", "line2", "other", "LINE"})
+            QCOMPARE(store()->save(1, name, "text"), QString());
+        QFile stray(store()->directoryOf(1) + "/notes.txt");
+        QVERIFY(stray.open(QIODevice::WriteOnly));
+        QFile lower(store()->directoryOf(1) + "/lower.jbr");
+        QVERIFY(lower.open(QIODevice::WriteOnly));
+        JobManager manager;
+        QVERIFY(!manager.jobExists("line1")); // not read yet
+        manager.updateJobsFileInfo(1, false, "", "");
+        QCOMPARE(names(manager), (QStringList{"LINE", "line1", "line2", "other"}));
+        QVERIFY(manager.jobExists("line1"));
+        for (const char *name : {"", "line", "Line1", "line1 ", "line1.JBR", "notes", "lower"})
+            QVERIFY2(!manager.jobExists(name), name);
+        manager.updateJobsFileInfo(1, false, "li", "2");
+        QCOMPARE(names(manager), QStringList{"line2"});
+        manager.updateJobsFileInfo(2, false, "", "");
+        QVERIFY(names(manager).isEmpty());
+        QFile newest(store()->pathOf(1, "other"));
+        QVERIFY(newest.open(QIODevice::ReadWrite));
+        QVERIFY(newest.setFileTime(QDateTime::currentDateTime().addDays(1),
+                                   QFileDevice::FileModificationTime));
+        manager.updateJobsFileInfo(1, true, "", "");
+        QCOMPARE(names(manager).first(), QStringLiteral("other"));
+    }
+
+    void failureKeepsTheOldFile()
+    {
+        QCOMPARE(store()->save(1, "a", "old"), QString());
+        const QString path = store()->pathOf(1, "a");
+        const QString aside = path + ".aside";
+        QVERIFY(QFile::rename(path, aside));
+        QVERIFY(QDir().mkpath(path)); // a directory: no file can take its place
+        QVERIFY(!store()->save(1, "a", "new").isEmpty());
+        QVERIFY(QDir().rmdir(path));
+        QVERIFY(QFile::rename(aside, path));
+        QString error;
+        QCOMPARE(store()->read(1, "a", &error), QByteArray("old"));
+        QCOMPARE(QDir(store()->directoryOf(1)).entryList(QDir::Files), QStringList{"a.JBR"});
+        QCOMPARE(store()->saveAgain(1, "a"), QString());
+        QCOMPARE(store()->read(1, "a", &error), QByteArray("new"));
+    }
+
+    void unsavedJobs()
+    {
+        const QString blocked = block(1);
+        const support::Journal journal;
+        QSignalSpy changed(store(), &JobStore::changed);
+        QVERIFY(!store()->save(1, "a", "first").isEmpty());
+        QCOMPARE(changed.size(), 1);
+        QVERIFY(!store()->save(1, "a", "second").isEmpty()); // in the place of the first
+        QVERIFY(!store()->save(1, "b", "other").isEmpty());
+        QCOMPARE(store()->unsaved().size(), 2);
+        QVERIFY(!store()->unsaved().first().reason.isEmpty());
+        JobManager manager;
+        manager.updateJobsFileInfo(1, false, "", "");
+        QVERIFY(manager.jobExists("a") && manager.jobExists("b"));
+        manager.updateJobsFileInfo(2, false, "", "");
+        QVERIFY(!manager.jobExists("a"));
+        QVERIFY(!store()->saveAgain(1, "a").isEmpty()); // still blocked
+        QCOMPARE(store()->unsaved().size(), 2);
+        QVERIFY(QFile::remove(blocked));
+        QCOMPARE(store()->saveAgain(1, "a"), QString());
+        QString error;
+        QCOMPARE(store()->read(1, "a", &error), QByteArray("second"));
+        store()->drop(1, "b");
+        QVERIFY(store()->unsaved().isEmpty());
+        store()->drop(1, "b"); // a second touch
+        QCOMPARE(store()->saveAgain(1, "b"), QString());
+        QVERIFY(store()->files(1).size() == 1);
+        QStringList operations;
+        for (const QVariantList &values : journal.of("job")) {
+            const QString operation = values.at(0).toString();
+            if (operation != QLatin1String("sendJob"))
+                operations += operation + " " + values.at(1).toString();
+        }
+        QCOMPARE(operations,
+                 (QStringList{"storeFailed a", "storeFailed a", "storeFailed b", "storeFailed a",
+                              "storeJob a", "dropJob b"}));
+    }
+
+    void missingFiles()
+    {
+        QString error;
+        QVERIFY(store()->read(1, "none", &error).isEmpty());
+        QVERIFY(!error.isEmpty());
+        QCOMPARE(store()->remove(1, "none"), QString());
+        QVERIFY(!store()->send(1, "none").isEmpty());
+    }
+
+    /// The editor without a job takes nothing and stores nothing.
+    void editorWithoutAJob()
+    {
+        JobEdit editor;
+        QVERIFY(!editor.currentJob());
+        auto kept = std::make_unique<TimerCommand>();
+        Command *command = kept.get();
+        editor.insertCommand(1, command);
+        QCOMPARE(command, static_cast<Command *>(kept.get()));
+        editor.setCmdVarValue(command);
+        MoveCommand move(Command::MovJ);
+        QVERIFY(!editor.setCmdPosValue(&move, "1 2 3 4 5 6 7", true));
+        QVERIFY(!editor.storeJob());
+        QVERIFY(store()->files(1).isEmpty());
+    }
+
+    void editor()
+    {
+        JobEdit editor;
+        editor.newJob("made");
+        QVERIFY(editor.currentJob());
+        Command *command = new TimerCommand;
+        editor.insertCommand(99, command);
+        QVERIFY(!command); // the job's now
+        editor.insertCommand(1, command); // nothing
+        QCOMPARE(editor.currentJob()->lineCount(), 1);
+        command = new VARCommand(Command::SetInteger);
+        editor.setCmdVarValue(command);
+        editor.insertCommand(1, command);
+        QCOMPARE(editor.currentJob()->command(1)->type, 35);
+        MoreRobot::setCurrentRobot(2); // the job stays the one of the robot it was begun for
+        QVERIFY(editor.storeJob());
+        QCOMPARE(store()->files(1).size(), 1);
+        QVERIFY(store()->files(2).isEmpty());
+        QString error;
+        const auto reading = jobfile::read(store()->read(1, "made", &error), "made");
+        QVERIFY(reading.job);
+        QCOMPARE(reading.job->lineCount(), 2);
+        QCOMPARE(reading.job->variables().at("I000"), QStringLiteral("0"));
+        editor.newJob("next");
+        QCOMPARE(editor.currentJob()->lineCount(), 0);
+    }
+
+    void positionsOfTheEditor()
+    {
+        JobEdit editor;
+        editor.newJob("made");
+        MoveCommand move(Command::MovL);
+        move.positionId = RobotPos::wordOf('P', 4);
+        for (const char *text : {"", "1 2 3 4 5 6", "1 2 3 4 5 6 7 8", "1 2 3 4 5 6 x",
+                                 "1 2 3 4 5 6 nan", "1 2 3 4 5 6 1e999", "1,2,3,4,5,6,7"}) {
+            QVERIFY2(!editor.setCmdPosValue(&move, text, true), text);
+            QVERIFY(!move.position && !editor.currentJob()->getPosition('P', 4));
+        }
+        QVERIFY(!editor.setCmdPosValue(nullptr, "1 2 3 4 5 6 7", true));
+        TimerCommand timer;
+        QVERIFY(!editor.setCmdPosValue(&timer, "1 2 3 4 5 6 7", true));
+        QVERIFY(editor.setCmdPosValue(&move, " 1  2 3 4 5 6 -7.5 ", true));
+        QCOMPARE(move.position,
+                 static_cast<const RobotPos *>(editor.currentJob()->getPosition('P', 4)));
+        QCOMPARE(move.position->id, 0x500004);
+        QCOMPARE(move.position->kind, static_cast<unsigned char>('P'));
+        QCOMPARE(move.position->values[6], 0.0);
+        QCOMPARE(move.position->values[7], 1.0);
+        QCOMPARE(move.position->values[13], -7.5);
+        QVERIFY(!editor.setCmdPosValue(&move, "1 2 3 4 5 6 7", true)); // it has one
+        move.positionId = RobotPos::wordOf('P', 5);
+        QVERIFY(editor.setCmdPosValue(&move, "1 2 3 4 5 6 7", false));
+        QCOMPARE(move.position->values[0], 1.0);
+        QCOMPARE(move.position->values[7], 0.0);
+    }
+
+    /// What the controller says of a job belongs to the file it was handed.
+    void verdicts()
+    {
+        using Verdict = JobStore::Verdict;
+        QCOMPARE(store()->save(1, "a", "text"), QString());
+        QCOMPARE(store()->verdict(1, "a").state, Verdict::Unknown); // no controller
+        QVERIFY(!store()->send(1, "a").isEmpty());
+        Robot::getInstance()->receiveMessage(wire::JobChecked,
+                                             R"({"robot":1,"name":"a","fault":"None"})");
+        QCOMPARE(store()->verdict(1, "a").state, Verdict::Unknown); // it was never handed over
+        const Desk desk;
+        QVERIFY(connectTo(desk));
+        QCOMPARE(store()->send(1, "a"), QString());
+        QCOMPARE(store()->verdict(1, "a").state, Verdict::Sent);
+        QTRY_COMPARE(store()->verdict(1, "a").state, Verdict::Refused);
+        QCOMPARE(store()->verdict(1, "a").fault.kind, JobFault::NotAJob);
+        Robot::getInstance()->disconnectFromController();
+        QCOMPARE(store()->verdict(1, "a").state, Verdict::Refused); // still what it said last
+        Robot::getInstance()->receiveMessage(
+            wire::JobChecked, R"({"robot":1,"name":"a","fault":"Port","line":7,"detail":"DIN17"})");
+        QCOMPARE(store()->verdict(1, "a").state, Verdict::Refused);
+        QCOMPARE(store()->verdict(1, "a").fault.kind, JobFault::Port);
+        QCOMPARE(store()->verdict(1, "a").fault.line, 7);
+        QCOMPARE(store()->verdict(2, "a").state, Verdict::Unknown);
+        Robot::getInstance()->receiveMessage(wire::JobChecked,
+                                             R"({"robot":1,"name":"a","fault":"None"})");
+        QCOMPARE(store()->verdict(1, "a").state, Verdict::Accepted);
+        Robot::getInstance()->receiveMessage(
+            wire::JobChecked, R"({"robot":1,"name":"a","fault":"Newer","line":"x"})");
+        QCOMPARE(store()->verdict(1, "a").state, Verdict::Refused);
+        QCOMPARE(store()->verdict(1, "a").fault.kind, JobFault::Other);
+        QVERIFY(store()->verdict(1, "a").fault.reason().contains("Newer"));
+        QCOMPARE(store()->save(1, "a", "changed"), QString());
+        QCOMPARE(store()->verdict(1, "a").state, Verdict::Unknown);
+        // others' jobs and unreadable words change nothing
+        for (const char *body :
+             {"", "[]", "{}", R"({"robot":1,"name":"a"})", R"({"robot":1,"fault":"None"})",
+              R"({"robot":"1","name":"a","fault":"None"})", R"({"robot":1,"name":"a","fault":0})",
+              R"({"robot":2,"name":"a","fault":"None"})",
+              R"({"robot":1,"name":"stranger","fault":"None"})"}) {
+            Robot::getInstance()->receiveMessage(wire::JobChecked, body);
+            QCOMPARE(store()->verdict(1, "a").state, Verdict::Unknown);
+        }
+        QCOMPARE(store()->verdict(1, "stranger").state, Verdict::Unknown);
+    }
+};
+
+QTEST_MAIN(TestJobStore)
+#include "test_jobstore.moc"
