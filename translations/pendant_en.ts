@@ -2429,19 +2429,19 @@ of the first one before you mark them.</translation>
     </message>
     <message>
         <source>MovJ</source>
-        <translation type="unfinished"></translation>
+        <translation>MovJ</translation>
     </message>
     <message>
         <source>BOOL</source>
-        <translation type="unfinished"></translation>
+        <translation>BOOL</translation>
     </message>
     <message>
         <source>MovL</source>
-        <translation type="unfinished"></translation>
+        <translation>MovL</translation>
     </message>
     <message>
         <source>码垛文件生成成功！</source>
-        <translation type="unfinished"></translation>
+        <translation>Palletising program generated.</translation>
     </message>
 </context>
 <context>
@@ -2667,7 +2667,7 @@ old values shown</translation>
     <name>VariableBox</name>
     <message>
         <source>取消</source>
-        <translation type="unfinished">Cancel</translation>
+        <translation>Cancel</translation>
     </message>
 </context>
 <context>
