@@ -2,6 +2,7 @@
 
 #include "app.h"
 #include "eventpage.h"
+#include "jobstore.h"
 #include "language.h"
 #include "link/messages.h"
 #include "newtechnologywidget.h"
@@ -31,6 +32,7 @@ bool Pendant::openStore(const Options &options, QString *error)
         return false;
     }
     VeltrixDatabase::getInstance()->loadAppConfigData();
+    JobStore::getInstance()->setDirectory(options.dataDirectory + QStringLiteral("/jobs"));
     return true;
 }
 
