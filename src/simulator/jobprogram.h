@@ -24,16 +24,13 @@ public:
     /// - the text reads; it has at most kMaxLines commands;
     /// - each loop has its end and each end its loop;
     /// - each move goes to a position of the job;
-    /// - each loop and wait has a condition of a known kind, whose operand is a variable or input
-    /// of
-    ///   that kind and whose right side is a whole number, 0 or 1 where the operand is on or off;
-    /// - inputs and outputs are among `ports`, outputs get 0 or 1;
+    /// - each loop and wait has a condition of a known kind. Its operand is a variable or input of
+    ///   that kind; its right side is a whole number, 0 or 1 where the operand is on or off;
+    /// - inputs and outputs are among `ports`; outputs get 0 or 1;
     /// - variables, also those of the start values, are I001 to I100, GI001 to GI990, B001 to B100
-    /// or GB001 to GB990. Palletising
-    ///   commands may name none ("[-]"); the integer variable that a new condition or assignment
-    ///   names (I000) passes there;
-    /// - pauses are not negative, process numbers are 1 to 9, and palletising moves are MovJ or
-    /// MovL.
+    ///   or GB001 to GB990. Palletising commands may name none ("[-]"). I000, which a new condition
+    ///   or assignment names, passes there;
+    /// - pauses are not negative, process numbers are 1 to 9, palletising moves are MovJ or MovL.
     ///
     /// The first fault by lines is the one that is told; a loop without an end counts where it
     /// begins, and of several the innermost does. Start values come last.
