@@ -63,6 +63,8 @@ void Pendant::wirePages()
 
     QObject::connect(m_pages, &TechnologyWidget::tnw_WidgetTitle, m_window,
                      &VeltrixWidgetFoundation::showWidgetTitle);
+    QObject::connect(m_pages, &TechnologyWidget::showJobFile, m_window,
+                     &VeltrixWidgetFoundation::showJobs);
     const auto backToMenu = [this, hosted] {
         hosted->hide();
         m_pages->show();

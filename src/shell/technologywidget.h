@@ -6,6 +6,7 @@
 #include "shell/coordinates.h"
 #include "shell/edittoggle.h"
 #include "shell/pagetable.h"
+#include "windtype.h"
 
 #include <QHash>
 #include <QStackedWidget>
@@ -50,6 +51,8 @@ signals:
     void tnw_WidgetTitle(int, int, int);
     /// The current user coordinates changed; the main window shows them.
     void showPalletCurrentUserCoords();
+    /// The main window is to show the robot's jobs.
+    void showJobFile(windType);
 
     // ---- Shell: shell/technologywidget.cpp, shell/menu.cpp · page 0 ----
 public:

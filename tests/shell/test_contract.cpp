@@ -206,6 +206,7 @@ constexpr const char *kSlots[] = {
 constexpr const char *kSignals[] = {
     "tnw_WidgetTitle(int,int,int)",
     "showPalletCurrentUserCoords()",
+    "showJobFile(windType)",
 };
 
 constexpr int kTitles[59] = {
