@@ -5,6 +5,7 @@
 #include "lineeditwidget.h"
 #include "printlog.h"
 #include "snackbarmessage.h"
+#include "touchtable.h"
 
 #include <QComboBox>
 #include <QDateTime>
@@ -16,7 +17,6 @@
 #include <QPlainTextEdit>
 #include <QPushButton>
 #include <QRegularExpressionValidator>
-#include <QScroller>
 #include <QSignalBlocker>
 #include <QStandardPaths>
 #include <QTableView>
@@ -30,24 +30,13 @@ constexpr int kTouchHeight = 42;
 void setUpTable(QTableView *table, EventModel *model)
 {
     table->setObjectName(QStringLiteral("eventTable"));
+    setUpTouchTable(table, kRowHeight);
     table->setModel(model);
-    table->setSelectionBehavior(QAbstractItemView::SelectRows);
-    table->setSelectionMode(QAbstractItemView::SingleSelection);
-    table->setEditTriggers(QAbstractItemView::NoEditTriggers);
-    table->setWordWrap(false);
-    table->setShowGrid(false);
     table->setAlternatingRowColors(true);
-    table->setVerticalScrollMode(QAbstractItemView::ScrollPerPixel);
-    table->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-    table->verticalHeader()->hide();
-    table->verticalHeader()->setDefaultSectionSize(kRowHeight);
-    table->verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
     table->horizontalHeader()->setStretchLastSection(true);
-    table->horizontalHeader()->setDefaultAlignment(Qt::AlignLeft | Qt::AlignVCenter);
     table->setColumnWidth(EventModel::Number, 60);
     table->setColumnWidth(EventModel::Time, 112);
     table->setColumnWidth(EventModel::Kind, 128);
-    QScroller::grabGesture(table->viewport(), QScroller::TouchGesture);
 }
 
 } // namespace

@@ -8,6 +8,7 @@
 #include "robot.h"
 #include "setfontsize.h"
 #include "snackbarmessage.h"
+#include "touchtable.h"
 #include "wraplabel.h"
 
 #include <QCoreApplication>
@@ -17,7 +18,6 @@
 #include <QLabel>
 #include <QPointer>
 #include <QPushButton>
-#include <QScroller>
 #include <QSignalBlocker>
 #include <QStackedLayout>
 #include <QTableWidget>
@@ -33,27 +33,16 @@ enum Column { Name, Date, Size, State, Columns };
 void setUpTable(QTableWidget *table)
 {
     table->setObjectName(QStringLiteral("jobTable"));
+    setUpTouchTable(table, kRowHeight);
     table->setColumnCount(Columns);
-    table->setSelectionBehavior(QAbstractItemView::SelectRows);
-    table->setSelectionMode(QAbstractItemView::SingleSelection);
-    table->setEditTriggers(QAbstractItemView::NoEditTriggers);
-    table->setWordWrap(false);
-    table->setShowGrid(false);
     table->setAlternatingRowColors(true);
-    table->setVerticalScrollMode(QAbstractItemView::ScrollPerPixel);
-    table->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-    table->verticalHeader()->hide();
-    table->verticalHeader()->setDefaultSectionSize(kRowHeight);
-    table->verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
     QHeaderView *header = table->horizontalHeader();
-    header->setDefaultAlignment(Qt::AlignLeft | Qt::AlignVCenter);
     header->setHighlightSections(false);
     header->setSectionResizeMode(QHeaderView::Fixed);
     header->setSectionResizeMode(Name, QHeaderView::Stretch);
     table->setColumnWidth(Date, 144);
     table->setColumnWidth(Size, 78);
     table->setColumnWidth(State, 218);
-    QScroller::grabGesture(table->viewport(), QScroller::TouchGesture);
 }
 
 void warn(const QString &text)

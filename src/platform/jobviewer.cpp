@@ -5,6 +5,7 @@
 #include "jobstore.h"
 #include "jobwords.h"
 #include "setfontsize.h"
+#include "touchtable.h"
 #include "wraplabel.h"
 
 #include <QEvent>
@@ -14,7 +15,6 @@
 #include <QLabel>
 #include <QPlainTextEdit>
 #include <QPushButton>
-#include <QScroller>
 #include <QTableView>
 #include <QVBoxLayout>
 
@@ -27,21 +27,11 @@ constexpr int kNumberMargin = 12;
 void setUpTable(QTableView *table, JobLineModel *model)
 {
     table->setObjectName(QStringLiteral("jobLines"));
+    setUpTouchTable(table, kRowHeight);
     table->setModel(model);
     table->setFont(SetFontSize::setSize(14));
-    table->setSelectionBehavior(QAbstractItemView::SelectRows);
-    table->setSelectionMode(QAbstractItemView::SingleSelection);
-    table->setEditTriggers(QAbstractItemView::NoEditTriggers);
-    table->setWordWrap(false);
-    table->setShowGrid(false);
-    table->setVerticalScrollMode(QAbstractItemView::ScrollPerPixel);
-    table->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-    table->verticalHeader()->hide();
-    table->verticalHeader()->setDefaultSectionSize(kRowHeight);
-    table->verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
     table->horizontalHeader()->hide();
     table->horizontalHeader()->setStretchLastSection(true);
-    QScroller::grabGesture(table->viewport(), QScroller::TouchGesture);
 }
 
 const JobStore::Unsaved *findUnsaved(int robot, const QString &name)

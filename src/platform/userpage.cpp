@@ -2,6 +2,7 @@
 
 #include "idlelock.h"
 #include "lineeditwidget.h"
+#include "touchtable.h"
 #include "useraccounts.h"
 
 #include <QComboBox>
@@ -54,12 +55,7 @@ UserPage::UserPage(QWidget *parent)
 {
     setObjectName(QStringLiteral("userPage"));
     m_users->setObjectName(QStringLiteral("userTable"));
-    m_users->setSelectionBehavior(QAbstractItemView::SelectRows);
-    m_users->setSelectionMode(QAbstractItemView::SingleSelection);
-    m_users->setEditTriggers(QAbstractItemView::NoEditTriggers);
-    m_users->setShowGrid(false);
-    m_users->verticalHeader()->hide();
-    m_users->verticalHeader()->setDefaultSectionSize(kTouchHeight);
+    setUpTouchTable(m_users, kTouchHeight);
     m_users->horizontalHeader()->setSectionResizeMode(0, QHeaderView::Stretch);
     m_users->horizontalHeader()->setSectionResizeMode(1, QHeaderView::ResizeToContents);
     m_role->setObjectName(QStringLiteral("userRole"));
