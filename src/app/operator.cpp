@@ -1,0 +1,143 @@
+#include "app/operator.h"
+
+#include "app/pendant.h"
+#include "veltrixwidgetfoundation.h"
+
+#include <QApplication>
+#include <QComboBox>
+#include <QDeadlineTimer>
+#include <QDir>
+#include <QLineEdit>
+#include <QMouseEvent>
+#include <QTextStream>
+
+namespace {
+
+constexpr int kPatience = 10000; ///< milliseconds to wait for an answer
+
+void send(QWidget *widget, QEvent::Type type, const QPoint &position)
+{
+    QMouseEvent event(type, position, widget->mapToGlobal(position), Qt::LeftButton,
+                      type == QEvent::MouseButtonRelease ? Qt::NoButton : Qt::LeftButton,
+                      Qt::NoModifier);
+    QApplication::sendEvent(widget, &event);
+}
+
+/// The name of a key of the keypad.
+QString keyName(QChar key)
+{
+    if (key == QLatin1Char('.'))
+        return QStringLiteral("key_point");
+    if (key == QLatin1Char('-'))
+        return QStringLiteral("key_sign");
+    return QStringLiteral("key_") + key;
+}
+
+} // namespace
+
+Operator::Operator(Pendant &pendant, QString directory)
+    : m_pendant(pendant), m_directory(std::move(directory))
+{
+}
+
+bool Operator::touch(const QString &objectName)
+{
+    QWidget *window = m_pendant.window();
+    QWidget *target = nullptr;
+    for (QWidget *widget : window->findChildren<QWidget *>(objectName)) {
+        if (widget->isVisible() && widget->isEnabled())
+            target = widget;
+    }
+    if (!target)
+        return fail(QStringLiteral("%1 is not there to be touched").arg(objectName));
+    const QPoint inWindow = target->mapTo(window, target->rect().center());
+    QWidget *hit = window->childAt(inWindow);
+    if (!hit || (hit != target && !target->isAncestorOf(hit)))
+        return fail(QStringLiteral("%1 is covered by %2")
+                        .arg(objectName, hit ? hit->objectName() : QStringLiteral("nothing")));
+    const QPoint inHit = hit->mapFrom(window, inWindow);
+    send(hit, QEvent::MouseButtonPress, inHit);
+    send(hit, QEvent::MouseButtonRelease, inHit);
+    settle();
+    return true;
+}
+
+bool Operator::touchAll(const QStringList &objectNames)
+{
+    for (const QString &name : objectNames) {
+        if (!touch(name))
+            return false;
+    }
+    return true;
+}
+
+bool Operator::enter(const QString &field, const QString &keys)
+{
+    if (!touch(field))
+        return false;
+    for (const QChar key : keys) {
+        // the sign key turns the sign of what stands there, so it comes behind the first digit
+        if (key != QLatin1Char('-') && !touch(keyName(key)))
+            return false;
+    }
+    if (keys.startsWith(QLatin1Char('-')) && !touch(keyName(QLatin1Char('-'))))
+        return false;
+    return touch(QStringLiteral("key_ok"));
+}
+
+bool Operator::chooseRow(const QString &comboBox, int row)
+{
+    auto *box = m_pendant.window()->findChild<QComboBox *>(comboBox);
+    if (!box || !box->isVisible() || !box->isEnabled())
+        return fail(QStringLiteral("%1 is not there to be changed").arg(comboBox));
+    box->setFocus();
+    while (box->currentIndex() != row) {
+        const int before = box->currentIndex();
+        QKeyEvent press(QEvent::KeyPress, before < row ? Qt::Key_Down : Qt::Key_Up, Qt::NoModifier);
+        QApplication::sendEvent(box, &press);
+        settle();
+        if (box->currentIndex() == before)
+            return fail(QStringLiteral("%1 does not go to row %2").arg(comboBox).arg(row));
+    }
+    return true;
+}
+
+bool Operator::shows(const QString &field, const QString &text)
+{
+    auto *edit = m_pendant.window()->findChild<QLineEdit *>(field);
+    return waitFor(QStringLiteral("%1 to read %2").arg(field, text),
+                   [edit, text] { return edit && edit->text() == text; });
+}
+
+bool Operator::waitFor(const QString &what, const std::function<bool()> &condition)
+{
+    const QDeadlineTimer deadline(kPatience);
+    while (!condition()) {
+        if (deadline.hasExpired())
+            return fail(QStringLiteral("waited in vain for %1").arg(what));
+        QApplication::processEvents(QEventLoop::AllEvents | QEventLoop::WaitForMoreEvents, 50);
+    }
+    return true;
+}
+
+void Operator::settle()
+{
+    const QDeadlineTimer deadline(150);
+    while (!deadline.hasExpired())
+        QApplication::processEvents(QEventLoop::AllEvents, 20);
+}
+
+void Operator::picture(const QString &name, QWidget *widget)
+{
+    settle();
+    const QString file =
+        QStringLiteral("%1-%2.png").arg(++m_pictures, 2, 10, QLatin1Char('0')).arg(name);
+    (widget ? widget : m_pendant.window())->grab().save(QDir(m_directory).filePath(file));
+    QTextStream(stdout) << file << Qt::endl;
+}
+
+bool Operator::fail(const QString &what)
+{
+    QTextStream(stderr) << "The tour stops: " << what << '.' << Qt::endl;
+    return false;
+}
