@@ -33,6 +33,21 @@ QString keyName(QChar key)
     return QStringLiteral("key_") + key;
 }
 
+/// The name of a key of the letter keyboard, unshifted.
+QString letterKeyName(QChar key)
+{
+    switch (key.unicode()) {
+    case '-':
+        return QStringLiteral("key_minus");
+    case '_':
+        return QStringLiteral("key_underscore");
+    case '.':
+        return QStringLiteral("key_point");
+    default:
+        return QStringLiteral("key_") + key;
+    }
+}
+
 } // namespace
 
 Operator::Operator(Pendant &pendant, QString directory)
@@ -40,7 +55,8 @@ Operator::Operator(Pendant &pendant, QString directory)
 {
 }
 
-bool Operator::touch(const QString &objectName)
+/// The visible, enabled widget of that name, if a finger can reach its middle.
+QWidget *Operator::find(const QString &objectName)
 {
     QWidget *window = m_pendant.window();
     QWidget *target = nullptr;
@@ -48,16 +64,45 @@ bool Operator::touch(const QString &objectName)
         if (widget->isVisible() && widget->isEnabled())
             target = widget;
     }
-    if (!target)
-        return fail(QStringLiteral("%1 is not there to be touched").arg(objectName));
-    const QPoint inWindow = target->mapTo(window, target->rect().center());
-    QWidget *hit = window->childAt(inWindow);
-    if (!hit || (hit != target && !target->isAncestorOf(hit)))
-        return fail(QStringLiteral("%1 is covered by %2")
-                        .arg(objectName, hit ? hit->objectName() : QStringLiteral("nothing")));
-    const QPoint inHit = hit->mapFrom(window, inWindow);
-    send(hit, QEvent::MouseButtonPress, inHit);
-    send(hit, QEvent::MouseButtonRelease, inHit);
+    if (!target) {
+        fail(QStringLiteral("%1 is not there to be touched").arg(objectName));
+        return nullptr;
+    }
+    QWidget *hit = window->childAt(target->mapTo(window, target->rect().center()));
+    if (hit && (hit == target || target->isAncestorOf(hit)))
+        return hit;
+    fail(QStringLiteral("%1 is covered by %2")
+             .arg(objectName, hit ? hit->objectName() : QStringLiteral("nothing")));
+    return nullptr;
+}
+
+bool Operator::press(const QString &objectName)
+{
+    QWidget *hit = find(objectName);
+    if (!hit)
+        return false;
+    send(hit, QEvent::MouseButtonPress, hit->rect().center());
+    settle();
+    return true;
+}
+
+bool Operator::letGo(const QString &objectName)
+{
+    QWidget *hit = find(objectName);
+    if (!hit)
+        return false;
+    send(hit, QEvent::MouseButtonRelease, hit->rect().center());
+    settle();
+    return true;
+}
+
+bool Operator::touch(const QString &objectName)
+{
+    QWidget *hit = find(objectName);
+    if (!hit)
+        return false;
+    send(hit, QEvent::MouseButtonPress, hit->rect().center());
+    send(hit, QEvent::MouseButtonRelease, hit->rect().center());
     settle();
     return true;
 }
@@ -69,6 +114,23 @@ bool Operator::touchAll(const QStringList &objectNames)
             return false;
     }
     return true;
+}
+
+bool Operator::write(const QString &field, const QString &text)
+{
+    if (!touch(field))
+        return false;
+    for (const QChar character : text) {
+        if (!character.isUpper()) {
+            if (!touch(letterKeyName(character)))
+                return false;
+            continue;
+        }
+        if (!touchAll({QStringLiteral("key_shift"), letterKeyName(character.toLower()),
+                       QStringLiteral("key_shift")}))
+            return false;
+    }
+    return touch(QStringLiteral("key_ok"));
 }
 
 bool Operator::enter(const QString &field, const QString &keys)

@@ -23,6 +23,13 @@ public:
     bool touch(const QString &objectName);
     /// One after the other, up to the first that cannot be touched.
     bool touchAll(const QStringList &objectNames);
+    /// Puts a finger on the widget and keeps it there until letGo(); a key that is held. Other
+    /// widgets can be touched meanwhile.
+    bool press(const QString &objectName);
+    bool letGo(const QString &objectName);
+    /// Touches a field and writes on the letter keyboard that it opens: small and capital letters,
+    /// digits, '-', '_' and '.'.
+    bool write(const QString &field, const QString &text);
     /// Touches a field and enters `keys` on the keypad that it opens: digits, '.' and '-'.
     bool enter(const QString &field, const QString &keys);
     bool chooseRow(const QString &comboBox, int row);
@@ -37,6 +44,8 @@ public:
     bool fail(const QString &what);
 
 private:
+    QWidget *find(const QString &objectName);
+
     Pendant &m_pendant;
     QString m_directory;
     int m_pictures = 0;
