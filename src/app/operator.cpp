@@ -7,6 +7,7 @@
 #include <QComboBox>
 #include <QDeadlineTimer>
 #include <QDir>
+#include <QLabel>
 #include <QLineEdit>
 #include <QMouseEvent>
 #include <QTextStream>
@@ -48,6 +49,16 @@ QString letterKeyName(QChar key)
     }
 }
 
+QString textOf(const QWidget *widget)
+{
+    if (const auto *edit = qobject_cast<const QLineEdit *>(widget))
+        return edit->text();
+    if (const auto *label = qobject_cast<const QLabel *>(widget))
+        return label->text();
+    const auto *box = qobject_cast<const QComboBox *>(widget);
+    return box ? box->currentText() : QString();
+}
+
 } // namespace
 
 Operator::Operator(Pendant &pendant, QString directory)
@@ -58,22 +69,37 @@ Operator::Operator(Pendant &pendant, QString directory)
 /// The visible, enabled widget of that name, if a finger can reach its middle.
 QWidget *Operator::find(const QString &objectName)
 {
-    QWidget *window = m_pendant.window();
     QWidget *target = nullptr;
-    for (QWidget *widget : window->findChildren<QWidget *>(objectName)) {
+    for (QWidget *widget : m_pendant.window()->findChildren<QWidget *>(objectName)) {
         if (widget->isVisible() && widget->isEnabled())
             target = widget;
     }
-    if (!target) {
-        fail(QStringLiteral("%1 is not there to be touched").arg(objectName));
+    return reach(target, objectName);
+}
+
+/// What a finger on the middle of the widget meets: the widget or a part of it.
+QWidget *Operator::reach(QWidget *target, const QString &name)
+{
+    if (!target || !target->isVisible() || !target->isEnabled()) {
+        fail(QStringLiteral("%1 is not there to be touched").arg(name));
         return nullptr;
     }
+    QWidget *window = m_pendant.window();
     QWidget *hit = window->childAt(target->mapTo(window, target->rect().center()));
     if (hit && (hit == target || target->isAncestorOf(hit)))
         return hit;
     fail(QStringLiteral("%1 is covered by %2")
-             .arg(objectName, hit ? hit->objectName() : QStringLiteral("nothing")));
+             .arg(name, hit ? hit->objectName() : QStringLiteral("nothing")));
     return nullptr;
+}
+
+bool Operator::tap(QWidget *hit)
+{
+    if (!hit)
+        return false;
+    send(hit, QEvent::MouseButtonPress, hit->rect().center());
+    send(hit, QEvent::MouseButtonRelease, hit->rect().center());
+    return true;
 }
 
 bool Operator::press(const QString &objectName)
@@ -98,11 +124,8 @@ bool Operator::letGo(const QString &objectName)
 
 bool Operator::touch(const QString &objectName)
 {
-    QWidget *hit = find(objectName);
-    if (!hit)
+    if (!tap(find(objectName)))
         return false;
-    send(hit, QEvent::MouseButtonPress, hit->rect().center());
-    send(hit, QEvent::MouseButtonRelease, hit->rect().center());
     settle();
     return true;
 }
@@ -135,23 +158,38 @@ bool Operator::write(const QString &field, const QString &text)
 
 bool Operator::enter(const QString &field, const QString &keys)
 {
-    if (!touch(field))
+    return touch(field) && enterOnKeypad(keys);
+}
+
+bool Operator::enter(QLineEdit *field, const QString &keys, const QString &name)
+{
+    if (!tap(reach(field, name)))
         return false;
+    settle();
+    return enterOnKeypad(keys);
+}
+
+bool Operator::enterOnKeypad(const QString &keys)
+{
     for (const QChar key : keys) {
         // the sign key turns the sign of what stands there, so it comes behind the first digit
-        if (key != QLatin1Char('-') && !touch(keyName(key)))
+        if (key != QLatin1Char('-') && !tap(find(keyName(key))))
             return false;
     }
-    if (keys.startsWith(QLatin1Char('-')) && !touch(keyName(QLatin1Char('-'))))
+    if (keys.startsWith(QLatin1Char('-')) && !tap(find(keyName(QLatin1Char('-')))))
         return false;
     return touch(QStringLiteral("key_ok"));
 }
 
 bool Operator::chooseRow(const QString &comboBox, int row)
 {
-    auto *box = m_pendant.window()->findChild<QComboBox *>(comboBox);
+    return chooseRow(m_pendant.window()->findChild<QComboBox *>(comboBox), row, comboBox);
+}
+
+bool Operator::chooseRow(QComboBox *box, int row, const QString &name)
+{
     if (!box || !box->isVisible() || !box->isEnabled())
-        return fail(QStringLiteral("%1 is not there to be changed").arg(comboBox));
+        return fail(QStringLiteral("%1 is not there to be changed").arg(name));
     box->setFocus();
     while (box->currentIndex() != row) {
         const int before = box->currentIndex();
@@ -159,16 +197,16 @@ bool Operator::chooseRow(const QString &comboBox, int row)
         QApplication::sendEvent(box, &press);
         settle();
         if (box->currentIndex() == before)
-            return fail(QStringLiteral("%1 does not go to row %2").arg(comboBox).arg(row));
+            return fail(QStringLiteral("%1 does not go to row %2").arg(name).arg(row));
     }
     return true;
 }
 
-bool Operator::shows(const QString &field, const QString &text)
+bool Operator::shows(const QString &widget, const QString &text)
 {
-    auto *edit = m_pendant.window()->findChild<QLineEdit *>(field);
-    return waitFor(QStringLiteral("%1 to read %2").arg(field, text),
-                   [edit, text] { return edit && edit->text() == text; });
+    const auto *shown = m_pendant.window()->findChild<QWidget *>(widget);
+    return waitFor(QStringLiteral("%1 to read %2").arg(widget, text),
+                   [shown, text] { return textOf(shown) == text; });
 }
 
 bool Operator::waitFor(const QString &what, const std::function<bool()> &condition)

@@ -5,6 +5,9 @@
 #include <functional>
 
 class Pendant;
+class QComboBox;
+class QLineEdit;
+class QPoint;
 class QWidget;
 
 /// The hand and the eye of a tour: touches widgets as a finger would, enters on the keypad, waits
@@ -21,6 +24,8 @@ public:
     /// Touches the visible, enabled widget of that name at its middle. Something that lies over it
     /// makes the step fail.
     bool touch(const QString &objectName);
+    /// Touches a place of a widget that has no name of its own there, such as a row of a list.
+    bool touchAt(QWidget *widget, const QPoint &place);
     /// One after the other, up to the first that cannot be touched.
     bool touchAll(const QStringList &objectNames);
     /// Puts a finger on the widget and keeps it there until letGo(); a key that is held. Other
@@ -33,8 +38,12 @@ public:
     /// Touches a field and enters `keys` on the keypad that it opens: digits, '.' and '-'.
     bool enter(const QString &field, const QString &keys);
     bool chooseRow(const QString &comboBox, int row);
-    /// Waits until the field reads `text`.
-    bool shows(const QString &field, const QString &text);
+    /// The same for a cell of a table, which has no name of its own; `name` is what messages call
+    /// it.
+    bool enter(QLineEdit *field, const QString &keys, const QString &name);
+    bool chooseRow(QComboBox *box, int row, const QString &name);
+    /// Waits until the field, label or combo box reads `text`.
+    bool shows(const QString &widget, const QString &text);
     /// `what` completes the sentence "waited in vain for".
     bool waitFor(const QString &what, const std::function<bool()> &condition);
     /// Lets answers that are under way come in, as they would before the next touch.
@@ -45,6 +54,9 @@ public:
 
 private:
     QWidget *find(const QString &objectName);
+    QWidget *reach(QWidget *target, const QString &name);
+    bool tap(QWidget *hit);
+    bool enterOnKeypad(const QString &keys);
 
     Pendant &m_pendant;
     QString m_directory;

@@ -1,9 +1,12 @@
 #include "app/tour.h"
 
+#include "app/jobtour.h"
 #include "app/operator.h"
 #include "app/pallettour.h"
 #include "app/pendant.h"
+#include "jobmanager.h"
 #include "language.h"
+#include "morerobot.h"
 #include "robot.h"
 #include "shell/technologywidget.h"
 
@@ -26,11 +29,23 @@ bool Tour::run()
         if (!Language::getInstance()->setCurrent(language))
             return m_operator.fail(QStringLiteral("the language %1 cannot be had").arg(language));
         if (!visitPackages(language) || !visitHostedPages() || !visitApplicationPages()
-            || !setUpPolishing() || !PalletTour(m_operator).walk())
+            || !setUpPolishing() || !PalletTour(m_operator).walk() || !makeJob(language))
             return false;
     }
     QTextStream(stdout) << m_operator.pictures() << " pictures in " << m_directory << Qt::endl;
     return true;
+}
+
+/// A job for the pallet and one from it, under names that the robot has no job of yet.
+bool Tour::makeJob(const QString &language)
+{
+    const bool depalletise = language == QLatin1String("en");
+    JobManager jobs;
+    jobs.updateJobsFileInfo(MoreRobot::getCurrentRobot(), false, QString(), QString());
+    QString name;
+    for (int number = 1; name.isEmpty() || jobs.jobExists(name); ++number)
+        name = (depalletise ? QStringLiteral("Unload_%1") : QStringLiteral("Load_%1")).arg(number);
+    return JobTour(m_operator, m_directory).walk(name, depalletise);
 }
 
 bool Tour::visitPackages(const QString &language)

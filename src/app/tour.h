@@ -17,6 +17,7 @@ private:
     bool visitHostedPages();
     bool visitApplicationPages();
     bool setUpPolishing();
+    bool makeJob(const QString &language);
 
     Operator m_operator;
     QString m_directory;
