@@ -130,6 +130,18 @@ bool Operator::touch(const QString &objectName)
     return true;
 }
 
+bool Operator::touchAt(QWidget *widget, const QPoint &place)
+{
+    QWidget *window = m_pendant.window();
+    if (!widget->isVisible() || !widget->isEnabled()
+        || window->childAt(widget->mapTo(window, place)) != widget)
+        return fail(QStringLiteral("a place of %1 cannot be touched").arg(widget->objectName()));
+    send(widget, QEvent::MouseButtonPress, place);
+    send(widget, QEvent::MouseButtonRelease, place);
+    settle();
+    return true;
+}
+
 bool Operator::touchAll(const QStringList &objectNames)
 {
     for (const QString &name : objectNames) {
