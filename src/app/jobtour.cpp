@@ -52,7 +52,10 @@ bool JobTour::nameTheJob(const QString &name, bool depalletise)
     if (!m_operator.write(QStringLiteral("palletProgrameName_edit"), name))
         return false;
     m_operator.picture(QStringLiteral("wizard-name"));
-    return m_operator.touch(QStringLiteral("createdFilePagedownBtn1"));
+    if (!m_operator.touch(QStringLiteral("createdFilePagedownBtn1")))
+        return false;
+    return m_operator.pendant().pages()->currentIndex() == page::Wizard2
+        || m_operator.fail(QStringLiteral("the wizard does not take the name %1").arg(name));
 }
 
 /// The second page: the arm goes to three places by its jog keys, and back to the first of them.

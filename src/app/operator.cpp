@@ -7,14 +7,17 @@
 #include <QComboBox>
 #include <QDeadlineTimer>
 #include <QDir>
+#include <QEventLoop>
 #include <QLabel>
 #include <QLineEdit>
 #include <QMouseEvent>
 #include <QTextStream>
+#include <QTimer>
 
 namespace {
 
 constexpr int kPatience = 10000; ///< milliseconds to wait for an answer
+constexpr int kSettling = 150; ///< milliseconds between two touches
 
 void send(QWidget *widget, QEvent::Type type, const QPoint &position)
 {
@@ -234,9 +237,9 @@ bool Operator::waitFor(const QString &what, const std::function<bool()> &conditi
 
 void Operator::settle()
 {
-    const QDeadlineTimer deadline(150);
-    while (!deadline.hasExpired())
-        QApplication::processEvents(QEventLoop::AllEvents, 20);
+    QEventLoop loop;
+    QTimer::singleShot(kSettling, &loop, &QEventLoop::quit);
+    loop.exec();
 }
 
 void Operator::picture(const QString &name, QWidget *widget)
