@@ -16,6 +16,7 @@
 #include "wire/json.h"
 
 #include <algorithm>
+#include <cmath>
 
 namespace {
 
@@ -52,6 +53,14 @@ const char *keep(ParameterStore &store, int robot, int number, const QString &wh
     return store.store({robot, kPackage, number, what}, set) ? nullptr : kStoreRefuses;
 }
 
+/// To five decimals. A pendant shows the first characters of a value; of one like 6.1e-17, which is
+/// what is left of a 0 behind the kinematics, these would be the digits without their exponent.
+double rounded(double value)
+{
+    constexpr double kUnits = 1e5;
+    return std::round(value * kUnits) / kUnits;
+}
+
 /// The values of a pose that the pages take for an arm: three of a gantry, x y z c of a four-axis
 /// arm, all seven of a seven-axis arm, else six.
 Json::Value shown(const Pose &pose, const ArmModel &model)
@@ -60,7 +69,7 @@ Json::Value shown(const Pose &pose, const ArmModel &model)
     const bool follows = axes == 3 || axes == 4 || axes == 7;
     Json::Value values(Json::arrayValue);
     for (int i = 0; i < (follows ? axes : 6); ++i)
-        values.append(pose[follows ? model.poseIndex(i) : static_cast<size_t>(i)]);
+        values.append(rounded(pose[follows ? model.poseIndex(i) : static_cast<size_t>(i)]));
     return values;
 }
 

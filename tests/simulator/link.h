@@ -11,7 +11,11 @@
 
 /// A simulated controller on this thread, with a store of its own.
 struct Desk {
-    explicit Desk(quint16 port = 0) { start(port); }
+    /// `motionInterval` is that of its arms in milliseconds; with 0 they wait for stepArms().
+    explicit Desk(quint16 port = 0, int motionInterval = 20) : m_motionInterval(motionInterval)
+    {
+        start(port);
+    }
 
     bool start(quint16 port)
     {
@@ -20,6 +24,7 @@ struct Desk {
         options.directory = directory.path();
         options.port = port;
         options.statusInterval = 20;
+        options.motionInterval = m_motionInterval;
         QString error;
         const bool good = controller->start(options, &error);
         if (!good)
@@ -39,6 +44,7 @@ struct Desk {
     std::unique_ptr<SimulatedController> controller;
 
 private:
+    int m_motionInterval;
     quint16 m_port = 0;
 };
 
