@@ -1,7 +1,6 @@
 #pragma once
 
 #include "jobmanager.h"
-#include "pallet/wizard/jobsequence.h"
 #include "pallet/wizard/programinformation.h"
 #include "shell/coordinates.h"
 #include "shell/edittoggle.h"
@@ -15,10 +14,15 @@
 #include <array>
 #include <initializer_list>
 #include <json/json.h>
+#include <vector>
 
 namespace Json {
 class Value;
 }
+namespace jobsequence {
+struct Step;
+enum Position : int;
+} // namespace jobsequence
 class BoxPainter;
 class DigitalLineEdit;
 class JobEdit;
@@ -352,7 +356,7 @@ private:
     void resetWizardPorts();
     void appendEndVariables();
     bool acceptVariables();
-    void generateJob(const jobsequence::Sequence &sequence);
+    void generateJob(const std::vector<jobsequence::Step> &sequence);
     void insertStep(const jobsequence::Step &step, int &line);
     QString pointText(jobsequence::Position position) const;
     EditPage polishPage() const;

@@ -12,7 +12,7 @@ enum class Leg { None, Get, Middle, Pallet };
 enum class Option { Always, GripSuccess, PickPermission };
 
 /// The positions of the job, by their numbers.
-enum Position { NoPosition = 0, SafePoint = 1, UpperPoint = 2, GetPoint = 3 };
+enum Position : int { NoPosition = 0, SafePoint = 1, UpperPoint = 2, GetPoint = 3 };
 
 enum class Action {
     Head, ///< PalHead
