@@ -88,7 +88,12 @@ QWidget *Operator::reach(QWidget *target, const QString &name)
         return nullptr;
     }
     QWidget *window = m_pendant.window();
-    QWidget *hit = window->childAt(target->mapTo(window, target->rect().center()));
+    const QPoint middle = target->mapTo(window, target->rect().center());
+    QWidget *hit = window->childAt(middle);
+    while (hit && hit->objectName() == QLatin1String("snackbar")) {
+        tap(hit);
+        hit = window->childAt(middle);
+    }
     if (hit && (hit == target || target->isAncestorOf(hit)))
         return hit;
     fail(QStringLiteral("%1 is covered by %2")

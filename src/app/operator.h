@@ -21,8 +21,8 @@ public:
     Pendant &pendant() const { return m_pendant; }
     int pictures() const { return m_pictures; }
 
-    /// Touches the visible, enabled widget of that name at its middle. Something that lies over it
-    /// makes the step fail.
+    /// Touches the visible, enabled widget of that name at its middle. A message that lies over it
+    /// is touched away before; anything else that does makes the step fail.
     bool touch(const QString &objectName);
     /// Touches a place of a widget that has no name of its own there, such as a row of a list.
     bool touchAt(QWidget *widget, const QPoint &place);
