@@ -1,44 +1,21 @@
 // The position page at work with the simulated controller and its arms, over the real link.
 
+#include "drivenarm.h"
 #include "positionpage.h"
 
-#include "simulator/embeddedcontroller.h"
-
-#include <QTemporaryDir>
-#include <cmath>
-
+using support::areClose;
 using support::child;
 using support::click;
+using support::kPatience;
 using support::values;
-
-namespace {
-
-constexpr int kPatience = 60000; // milliseconds; reached only when something is wrong
-
-bool areClose(const QStringList &left, const QStringList &right, int count, double within)
-{
-    for (int i = 0; i < count; ++i) {
-        bool isLeft = false;
-        bool isRight = false;
-        const double distance =
-            std::abs(left.at(i).toDouble(&isLeft) - right.at(i).toDouble(&isRight));
-        if (!isLeft || !isRight || !(distance <= within))
-            return false;
-    }
-    return true;
-}
-
-} // namespace
 
 class TestPositionController : public QObject {
     Q_OBJECT
 private:
     TechnologyWidget *pages = nullptr;
     Robot *robot = nullptr;
-    QTemporaryDir directory;
-    EmbeddedController embedded;
+    support::DrivenArm arm;
 
-    SimulatedController *controller() const { return embedded.controller(); }
     QStringList live() const { return values(pages, QStringLiteral("CurrentPoint")); }
 
     void open(int robotNumber, int craft) const
@@ -50,33 +27,18 @@ private:
         pages->palletSetPositionWidget();
     }
 
-    /// The arm is asked to turn its first axis until its place on the page has moved by 20 mm.
-    bool moveAway(const QStringList &from) const
+    /// The arm turns its first axis until its place on the page has moved by 20 mm.
+    bool moveAway() const
     {
-        const bool moved = QTest::qWaitFor(
-            [&] {
-                robot->jog(1, 1, 0);
-                return !areClose(live(), from, 2, 20.0);
-            },
-            kPatience);
-        robot->jog(0, 0, 0); // the key is let go
-        return moved;
+        return arm.moveAway([this] { return live(); }, 2, 20.0);
     }
 
 private slots:
     void initTestCase()
     {
-        App::sysUser = AUTHORITY_ADMINISTRATOR;
         robot = Robot::getInstance();
         pages = TechnologyWidget::getInstance();
-        pages->resize(714, 504);
-        pages->show();
-        QVERIFY(QTest::qWaitForWindowExposed(pages));
-        QString error;
-        const quint16 port = embedded.start(directory.path(), &error);
-        QVERIFY2(port != 0, qPrintable(error));
-        robot->connectToController(QStringLiteral("127.0.0.1"), port);
-        QTRY_VERIFY_WITH_TIMEOUT(robot->isConnected(), kPatience);
+        QVERIFY(arm.start(pages));
     }
 
     void cleanup()
@@ -108,23 +70,18 @@ private slots:
         QFETCH(bool, degrees);
         QFETCH(int, count);
         App::isDeg = degrees;
-        controller()->setKinematicType(1, type);
-        QTRY_COMPARE_WITH_TIMEOUT(robot->kinematicType, type, kPatience);
+        QVERIFY(arm.becomes(type));
         pages->initPalletRobotType();
-        robot->requestServo(true);
-        robot->setDeadman(true);
-        QTRY_VERIFY_WITH_TIMEOUT(robot->get_servo_state() == 3 && robot->get_deadman_state() == 1,
-                                 kPatience);
 
         open(1, 2);
         QTRY_VERIFY_WITH_TIMEOUT(live().first() != QLatin1String("--"), kPatience);
         click(pages, "positionModifyBtn");
         click(pages, "positionEntrancePoint");
         const QStringList entrance = values(pages, QStringLiteral("EntrancePoint"));
-        QVERIFY(moveAway(entrance));
+        QVERIFY(moveAway());
         click(pages, "positionAuxiliaryPoint");
         const QStringList auxiliary = values(pages, QStringLiteral("AuxiliaryPoint"));
-        QVERIFY(moveAway(auxiliary));
+        QVERIFY(moveAway());
         click(pages, "positionJobPoint");
         const QStringList job = values(pages, QStringLiteral("JobPoint"));
         click(pages, "positionModifyBtn");
@@ -161,17 +118,12 @@ private slots:
     /// Letting go of the enabling switch stops the arm on its way.
     void lettingGoStops()
     {
-        controller()->setKinematicType(1, 1);
-        QTRY_COMPARE_WITH_TIMEOUT(robot->kinematicType, 1, kPatience);
-        robot->requestServo(true);
-        robot->setDeadman(true);
-        QTRY_VERIFY_WITH_TIMEOUT(robot->get_servo_state() == 3 && robot->get_deadman_state() == 1,
-                                 kPatience);
+        QVERIFY(arm.becomes(1));
         open(1, 3);
         QTRY_VERIFY_WITH_TIMEOUT(live().first() != QLatin1String("--"), kPatience);
         pages->palletEntrancePosition();
         const QStringList start = values(pages, QStringLiteral("EntrancePoint"));
-        QVERIFY(moveAway(start));
+        QVERIFY(moveAway());
         robot->setDeadman(false);
         QTRY_COMPARE_WITH_TIMEOUT(robot->get_deadman_state(), 0, kPatience);
         support::Journal journal;

@@ -1,74 +1,37 @@
 // The wizard's points at work with the simulated controller and its arms, over the real link.
 
+#include "drivenarm.h"
 #include "wizardpage.h"
 
-#include "simulator/embeddedcontroller.h"
-
-#include <cmath>
-
+using support::areClose;
 using support::child;
 using support::click;
+using support::kPatience;
 using support::values;
-
-namespace {
-
-constexpr int kPatience = 60000; // milliseconds; reached only when something is wrong
-
-bool areClose(const QStringList &left, const QStringList &right, int count, double within)
-{
-    for (int i = 0; i < count; ++i) {
-        bool isLeft = false;
-        bool isRight = false;
-        const double distance =
-            std::abs(left.at(i).toDouble(&isLeft) - right.at(i).toDouble(&isRight));
-        if (!isLeft || !isRight || !(distance <= within))
-            return false;
-    }
-    return true;
-}
-
-} // namespace
 
 class TestWizardController : public QObject {
     Q_OBJECT
 private:
     TechnologyWidget *pages = nullptr;
     Robot *robot = nullptr;
-    QTemporaryDir directory;
     QTemporaryDir jobs;
-    EmbeddedController embedded;
+    support::DrivenArm arm;
 
     QStringList live() const { return values(pages, QStringLiteral("wizardLive")); }
 
     /// Turns the first axis by ten degrees at least.
     bool moveAway() const
     {
-        const QStringList from = live();
-        const bool moved = QTest::qWaitFor(
-            [&] {
-                robot->jog(1, 1, 0);
-                return !areClose(live(), from, 1, 10.0);
-            },
-            kPatience);
-        robot->jog(0, 0, 0); // the key is let go
-        return moved;
+        return arm.moveAway([this] { return live(); }, 1, 10.0);
     }
 
 private slots:
     void initTestCase()
     {
-        App::sysUser = AUTHORITY_ADMINISTRATOR;
         JobStore::getInstance()->setDirectory(jobs.path());
         robot = Robot::getInstance();
         pages = TechnologyWidget::getInstance();
-        pages->resize(714, 504);
-        pages->show();
-        QVERIFY(QTest::qWaitForWindowExposed(pages));
-        QString error;
-        const quint16 port = embedded.start(directory.path(), &error);
-        QVERIFY2(port != 0, qPrintable(error));
-        robot->connectToController(QStringLiteral("127.0.0.1"), port);
-        QTRY_VERIFY_WITH_TIMEOUT(robot->isConnected(), kPatience);
+        QVERIFY(arm.start(pages));
     }
 
     void cleanupTestCase()
@@ -93,12 +56,7 @@ private slots:
         QFETCH(int, type);
         QFETCH(int, count);
         App::isDeg = true;
-        embedded.controller()->setKinematicType(1, type);
-        QTRY_COMPARE_WITH_TIMEOUT(robot->kinematicType, type, kPatience);
-        robot->requestServo(true);
-        robot->setDeadman(true);
-        QTRY_VERIFY_WITH_TIMEOUT(robot->get_servo_state() == 3 && robot->get_deadman_state() == 1,
-                                 kPatience);
+        QVERIFY(arm.becomes(type));
 
         pages->return_PalletPage();
         click(pages, "BtnPalletFile");
@@ -138,9 +96,9 @@ private slots:
         QTRY_VERIFY_WITH_TIMEOUT(live().first() != QLatin1String("--"), kPatience);
         click(pages, "positionGetPoint");
         const QStringList marked = values(pages, QStringLiteral("GetPoint"));
-        embedded.controller()->setFault(support::kCurrentPosition, Fault::Cut);
+        arm.controller()->setFault(support::kCurrentPosition, Fault::Cut);
         QTRY_COMPARE_WITH_TIMEOUT(live().first(), QStringLiteral("--"), kPatience);
-        embedded.controller()->setFault(support::kCurrentPosition, Fault::None);
+        arm.controller()->setFault(support::kCurrentPosition, Fault::None);
         QTRY_VERIFY_WITH_TIMEOUT(live().first() != QLatin1String("--"), kPatience);
         QCOMPARE(pages->currentIndex(), 34);
         QCOMPARE(values(pages, QStringLiteral("GetPoint")), marked);
