@@ -20,7 +20,7 @@ enum Coordinate { Axes = 0, Cartesian = 1, Tool = 2, User = 3 };
 
 Pose withSeventh(Pose pose, const Pose &from)
 {
-    pose[6] = from[6];
+    pose[kElbow] = from[kElbow];
     return pose;
 }
 
@@ -57,7 +57,7 @@ Pose fromUser(const Pose &pose, const Pose &user)
     return withSeventh(toPose(toFrame(user) * toFrame(pose)), pose);
 }
 
-/// The seven values of a position, and whether each of them is an angle.
+/// The seven values of a position, and which of them are told in radians and in degrees.
 struct Reading {
     std::array<double, kAxes> values{};
     std::array<bool, kAxes> isAngle{};
@@ -77,8 +77,10 @@ Reading readingOf(const Arm &arm, int coordinate, const Pose &user)
         : coordinate == User             ? inUser(pose, user)
                                          : pose;
     reading.values = told.values;
-    for (size_t i = 3; i < kAxes; ++i)
+    for (size_t i = 3; i < kElbow; ++i)
         reading.isAngle[i] = true;
+    // The elbow has but one unit: a pendant sends it back as it was shown.
+    reading.values[kElbow] = angles::toDegrees(told[kElbow]);
     return reading;
 }
 
@@ -166,6 +168,7 @@ const char *runToPoint(Request &request)
     } else {
         Pose pose{};
         std::copy_n(values->begin() + kFirstValue, kAxes, pose.values.begin());
+        pose[kElbow] = angles::toRadians(pose[kElbow]);
         if (coordinate == Tool)
             pose = fromTool(pose);
         else if (coordinate == User)

@@ -14,7 +14,6 @@ namespace {
 
 constexpr double kMetre = 1000.0; // mm; the chains are in metres
 constexpr size_t kRedundant = 2;
-constexpr int kPsi = 6; // place of the redundant angle in a pose
 
 constexpr double kSolvedTo = 1e-4; // mm and radians, of a solution that counts
 constexpr int kSearches = 40;
@@ -221,7 +220,7 @@ Pose ArmModel::pose(const Joints &joints) const
     forward.JntToCart(values, frame);
     Pose pose = toPose(frame);
     if (m_family == Family::Seven)
-        pose[kPsi] = joints[kRedundant];
+        pose[kElbow] = joints[kRedundant];
     return pose;
 }
 
@@ -258,7 +257,7 @@ KDL::Chain ArmModel::chainFor(const Pose &pose) const
     for (const KDL::Segment &segment : m_chain.segments) {
         const bool moves = segment.getJoint().getType() != KDL::Joint::None;
         if (moves && joint == kRedundant)
-            held.addSegment(KDL::Segment(KDL::Joint(KDL::Joint::None), segment.pose(pose[kPsi])));
+            held.addSegment(KDL::Segment(KDL::Joint(KDL::Joint::None), segment.pose(pose[kElbow])));
         else
             held.addSegment(segment);
         joint += moves ? 1 : 0;
@@ -284,7 +283,7 @@ std::optional<Joints> ArmModel::solveFrom(const KDL::Chain &chain, const KDL::Fr
 
     Joints joints{};
     if (held)
-        joints[kRedundant] = pose[kPsi];
+        joints[kRedundant] = pose[kElbow];
     for (unsigned i = 0; i < solution.rows(); ++i) {
         const unsigned axis = axisOf(i);
         double value = m_isLinear[axis] ? solution(i) * kMetre : solution(i);

@@ -6,6 +6,7 @@
 #include <optional>
 
 constexpr int kAxes = 7;
+constexpr size_t kElbow = 6; ///< place of the redundant angle in a pose
 
 /// Axis values of an arm: radians, or mm for a linear axis; 0 past its last axis.
 using Joints = std::array<double, kAxes>;

@@ -15,7 +15,6 @@
 #include "wire/ids.h"
 #include "wire/json.h"
 
-#include <algorithm>
 #include <cmath>
 
 namespace {
@@ -53,12 +52,13 @@ const char *keep(ParameterStore &store, int robot, int number, const QString &wh
     return store.store({robot, kPackage, number, what}, set) ? nullptr : kStoreRefuses;
 }
 
-/// To five decimals. A pendant shows the first characters of a value; of one like 6.1e-17, which is
-/// what is left of a 0 behind the kinematics, these would be the digits without their exponent.
-double rounded(double value)
+/// A pendant shows the first characters of a value. Of one like 6.1e-17, which is what the
+/// kinematics leave of a 0, these would be the digits without their exponent.
+double withoutNoise(double value)
 {
-    constexpr double kUnits = 1e5;
-    return std::round(value * kUnits) / kUnits;
+    constexpr double kSmall = 1e-4; // below it an exponent is written
+    constexpr double kUnit = 1e-5;
+    return std::abs(value) < kSmall ? std::round(value / kUnit) * kUnit : value;
 }
 
 /// The values of a pose that the pages take for an arm: three of a gantry, x y z c of a four-axis
@@ -69,14 +69,16 @@ Json::Value shown(const Pose &pose, const ArmModel &model)
     const bool follows = axes == 3 || axes == 4 || axes == 7;
     Json::Value values(Json::arrayValue);
     for (int i = 0; i < (follows ? axes : 6); ++i)
-        values.append(rounded(pose[follows ? model.poseIndex(i) : static_cast<size_t>(i)]));
+        values.append(withoutNoise(pose[follows ? model.poseIndex(i) : static_cast<size_t>(i)]));
     return values;
 }
 
-Pose inDegrees(Pose pose)
+/// A pose with its angles in degrees; the elbow is told in degrees in any case.
+Pose inUnits(Pose pose, bool degrees)
 {
-    std::transform(pose.values.begin() + 3, pose.values.end(), pose.values.begin() + 3,
-                   &angles::toDegrees);
+    for (size_t i = 3; degrees && i < kElbow; ++i)
+        pose[i] = angles::toDegrees(pose[i]);
+    pose[kElbow] = angles::toDegrees(pose[kElbow]);
     return pose;
 }
 
@@ -88,8 +90,8 @@ void answer(Request &request, int number, const QString &inquire)
     Json::Value reply;
     reply["userNum"] = number;
     reply["inquire"] = inquire.toStdString();
-    reply["pos"] = shown(pose, model);
-    reply["posDeg"] = shown(inDegrees(pose), model);
+    reply["pos"] = shown(inUnits(pose, false), model);
+    reply["posDeg"] = shown(inUnits(pose, true), model);
     request.reply(wire::reply::robot_usercoords_reply, reply);
 }
 
