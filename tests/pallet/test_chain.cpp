@@ -95,7 +95,7 @@ private:
         for (int round = 0; round < 3; ++round) {
             QSignalSpy last(robot, &Robot::robot_Polish_Para);
             robot->sendCommandData(message::GetPolish, "{\"robot\":1,\"craftID\":1}\n");
-            if (!QTest::qWaitFor([&] { return !last.isEmpty(); }, kPatience))
+            if (last.isEmpty() && !last.wait(kPatience))
                 return false;
         }
         return true;
@@ -181,16 +181,13 @@ private:
             [&] { return areClose(shown(name("CurrentPoint")), place, 0.01, count); }, kPatience);
     }
 
-    /// Drives to a point of the page; false unless the arm starts, is seen on its way, and is there
-    /// in the end.
+    /// Drives to a point of the page; false unless the arm starts, is there in the end, and the
+    /// page says so.
     bool drive(const char *button, const QString &point, int count = 7)
     {
         const QVector<double> target = shown(point);
         if (!enable() || !hand->touch(name(button))
             || !QTest::qWaitFor([&] { return isMoving(); }, kPatience))
-            return false;
-        desk->controller->stepArms(0.05);
-        if (!isMoving() || !liveIs(reached()))
             return false;
         for (int i = 0; i < 2000 && isMoving(); ++i)
             desk->controller->stepArms(0.05);
@@ -376,9 +373,17 @@ private:
         QVERIFY(hand->touch(name("positionEntrancePoint")));
         QVERIFY(areClose(shown(name("EntrancePoint")), reached(), 0.001));
 
+        // the page follows the arm while the key is held
         QVERIFY(enable());
-        QVERIFY(jog("jog3minus", 0.5));
-        QVERIFY(liveIs(reached())); // it runs along without a touch
+        QVERIFY(hand->press(name("jog3minus")));
+        QTRY_VERIFY_WITH_TIMEOUT(isMoving(), kPatience);
+        desk->controller->stepArms(0.3);
+        QVERIFY(isMoving());
+        QVERIFY(liveIs(reached()));
+        hand->lift(name("jog3minus"));
+        QTRY_VERIFY_WITH_TIMEOUT(!isMoving(), kPatience);
+        QVERIFY(jog("jog3minus", 0.3));
+        QVERIFY(liveIs(reached()));
         QVERIFY(hand->touch(name("positionAuxiliaryPoint")));
         QVERIFY(areClose(shown(name("AuxiliaryPoint")), reached(), 0.001));
 

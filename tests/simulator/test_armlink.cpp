@@ -266,6 +266,41 @@ private slots:
         QVERIFY(std::abs(end[5] - kPi) < 1e-4);
         QVERIFY(std::abs(end[7] - 0.5) < 1e-4);
     }
+    /// A page converts a, b and c of a point, not the elbow: it comes back as it was told.
+    void theElbowIsInDegreesEverywhere()
+    {
+        setType(12);
+        enable();
+        QVector<double> point = position(1)[0].mid(2);
+        point[6] = 20;
+        run({1, 1}, point);
+        arrive();
+        const double elbow = controller->cell().arm(1).pose()[kElbow];
+        QVERIFY(std::abs(elbow - angles::toRadians(20)) < 1e-5);
+        for (const int coordinate : {1, 2, 3}) {
+            const QVector<QVector<double>> lines = position(coordinate);
+            QVERIFY(std::abs(lines[0][8] - 20) < 1e-3);
+            QVERIFY(std::abs(lines[1][8] - 20) < 1e-3);
+        }
+        for (const bool degrees : {true, false}) {
+            App::isDeg = degrees;
+            const QVector<double> marked = userPoint(message::GetUserCoordinatePoint, 1, "O");
+            QCOMPARE(int(marked.size()), 7);
+            QVERIFY(std::abs(marked[6] - 20) < 1e-3);
+        }
+    }
+    /// What the kinematics leave of a 0 does not reach a page that shows the first five characters.
+    void markedPointsHaveNoNoise()
+    {
+        enable();
+        QVector<double> point = position(1)[0].mid(2);
+        point[1] = 1e-7;
+        run({1, 1}, point);
+        arrive();
+        const double y = controller->cell().arm(1).pose()[1];
+        QVERIFY(y != 0.0 && std::abs(y) < 1e-4);
+        QCOMPARE(userPoint(message::GetUserCoordinatePoint, 1, "O")[1], 0.0);
+    }
     void robotTwoIsRunByItsNumber()
     {
         enable();
