@@ -293,9 +293,9 @@ private slots:
     void markedPointsHaveNoNoise()
     {
         enable();
-        QVector<double> point = position(1)[0].mid(2);
-        point[1] = 1e-7;
-        run({1, 1}, point);
+        QVector<double> axes = position(0)[0].mid(2);
+        axes[0] = 1e-10;
+        run({0, 1}, axes);
         arrive();
         const double y = controller->cell().arm(1).pose()[1];
         QVERIFY(y != 0.0 && std::abs(y) < 1e-4);
