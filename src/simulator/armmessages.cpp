@@ -11,6 +11,7 @@
 #include "wire/ids.h"
 #include "wire/json.h"
 
+#include <cmath>
 #include <vector>
 
 namespace {
@@ -84,13 +85,20 @@ Reading readingOf(const Arm &arm, int coordinate, const Pose &user)
     return reading;
 }
 
+/// An angle in degrees, as exact as the position is; what the kinematics leave of a 0 is a 0.
+double degreesOf(double radians)
+{
+    constexpr double kUnit = 1e-4;
+    return std::round(angles::toDegrees(radians) / kUnit) * kUnit;
+}
+
 /// Nine numbers: robot, kind of coordinates, seven values.
 std::string lineOf(int robot, int coordinate, const Reading &reading, bool degrees)
 {
     std::vector<double> line = {static_cast<double>(robot), static_cast<double>(coordinate)};
     for (size_t i = 0; i < kAxes; ++i) {
         const double value = reading.values[i];
-        line.push_back(degrees && reading.isAngle[i] ? angles::toDegrees(value) : value);
+        line.push_back(degrees && reading.isAngle[i] ? degreesOf(value) : value);
     }
     return numbers::text(line);
 }
