@@ -19,7 +19,8 @@
 namespace {
 
 constexpr int kMargin = 4;
-constexpr int kBadge = 84; ///< width of the block with symbol and word
+constexpr int kWord = 34; ///< where the word of a kind begins, behind its symbol
+constexpr int kNarrowestWord = 48;
 constexpr int kMinHeight = 46;
 constexpr int kReplacedTime = 3000; ///< ms for an endless message whose successor waits
 
@@ -40,6 +41,23 @@ Look lookOf(int kind)
     default:
         return {QColor(0x3b, 0x55, 0x70), SnackbarPanel::tr("消息")};
     }
+}
+
+QFont wordFont(QFont font)
+{
+    font.setPointSize(12);
+    return font;
+}
+
+/// Width of the block with symbol and word: one for all kinds, so that the texts of messages that
+/// stand above one another begin below one another.
+int badgeWidth(const QFont &font)
+{
+    const QFontMetrics metrics(wordFont(font));
+    int widest = kNarrowestWord;
+    for (int kind = 1; kind <= 4; ++kind)
+        widest = qMax(widest, metrics.horizontalAdvance(lookOf(kind).word) + 6);
+    return kWord + widest + 2;
 }
 
 /// Circle, square, triangle and diamond: each kind can be told without its colour.
@@ -138,7 +156,8 @@ void SnackbarPanel::start(const QString &text, int duration, int kind)
 
 QRect SnackbarPanel::textRect(int width) const
 {
-    return {kBadge + 12, 0, width - kBadge - 24, 0};
+    const int badge = badgeWidth(font());
+    return {badge + 12, 0, width - badge - 24, 0};
 }
 
 int SnackbarPanel::heightAt(int width) const
@@ -159,7 +178,8 @@ void SnackbarPanel::paintEvent(QPaintEvent *)
     painter.fillPath(outline, QColor(0xfb, 0xfb, 0xfa));
     painter.save();
     painter.setClipPath(outline);
-    painter.fillRect(QRectF(0, 0, kBadge, height()), look.colour);
+    const int badge = badgeWidth(font());
+    painter.fillRect(QRectF(0, 0, badge, height()), look.colour);
     painter.restore();
     painter.strokePath(outline, QPen(look.colour, 1));
 
@@ -169,10 +189,8 @@ void SnackbarPanel::paintEvent(QPaintEvent *)
     const bool warns = m_kind == 3 || m_kind == 4;
     drawMark(painter, m_kind == 3 ? box.translated(0, 2.5) : box, warns);
     painter.setPen(Qt::white);
-    QFont small = font();
-    small.setPointSize(12);
-    painter.setFont(small);
-    painter.drawText(QRect(34, 0, kBadge - 36, height()), Qt::AlignCenter, look.word);
+    painter.setFont(wordFont(font()));
+    painter.drawText(QRect(kWord, 0, badge - kWord - 2, height()), Qt::AlignCenter, look.word);
 
     painter.setPen(QColor(0x20, 0x24, 0x28));
     const QRect text = textRect(width());
