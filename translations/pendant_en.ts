@@ -2443,6 +2443,14 @@ of the first one before you mark them.</translation>
         <source>码垛文件生成成功！</source>
         <translation>Palletising program generated.</translation>
     </message>
+    <message>
+        <source>高度修正 mm</source>
+        <translation>Heights in mm</translation>
+    </message>
+    <message>
+        <source>该点还没有位置！</source>
+        <translation>This point has no position yet!</translation>
+    </message>
 </context>
 <context>
     <name>TitleBar</name>

@@ -60,11 +60,7 @@ void TechnologyWidget::initApproach()
             &TechnologyWidget::updatePalletApproachParameter);
     connect(ui->approachWaysComboBox, QOverload<int>::of(&QComboBox::currentIndexChanged), this,
             &TechnologyWidget::approachWays);
-    using Slot = void (TechnologyWidget::*)();
-    const struct {
-        QAbstractButton *button;
-        Slot slot;
-    } ways[] = {
+    connectClicks({
         {ui->approachParaBtn, &TechnologyWidget::palletApproachParaWidget},
         {ui->approachOnOffBtn, &TechnologyWidget::changeApproachOnOffBtnState},
         {ui->approachModifyBtn, &TechnologyWidget::modifyApproach},
@@ -72,9 +68,7 @@ void TechnologyWidget::initApproach()
         {ui->approachPageUp, &TechnologyWidget::palletWorkpieceParaWidget},
         {ui->approachPageDown, &TechnologyWidget::palletOverlappingModelWidget},
         {ui->returnNavigationBtn5, &TechnologyWidget::showPalletCompleteWidget},
-    };
-    for (const auto &way : ways)
-        connect(way.button, &QAbstractButton::clicked, this, way.slot);
+    });
 }
 
 /// Opens the page, or ends an edit of it without saving.

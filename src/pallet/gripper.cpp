@@ -82,6 +82,17 @@ template <std::size_t Count> std::array<QString, Count> partsOf(const QByteArray
     return parts;
 }
 
+EditPage editPage(const Form *ui)
+{
+    EditPage page{ui->tongsModifyBtn,
+                  {ui->TongsnumbercomboBox},
+                  ui->tongsModifyCancelBtn,
+                  {ui->returnNavigationBtn1, ui->tongsPageDown}};
+    for (const Gripper &gripper : kGrippers)
+        page.fields.append(ui->*gripper.tool);
+    return page;
+}
+
 } // namespace
 
 void TechnologyWidget::initGripper()
@@ -90,7 +101,7 @@ void TechnologyWidget::initGripper()
                           ui->tongsPageDown, ui->tongsPalletEasyReturnBtn,
                           ui->tongsPalletEasyModifyBtn, ui->tongsPalletEasyModifyCancelBtn,
                           ui->tongsPalletEasyPageDown});
-    showViewState(gripperPage());
+    showViewState(editPage(ui));
 
     connect(robot, &Robot::robot_pallet_ToolParameter, this,
             &TechnologyWidget::updatePalletToolParameter);
@@ -111,21 +122,10 @@ void TechnologyWidget::initGripper()
             &TechnologyWidget::showPalletEasyWidget);
 }
 
-EditPage TechnologyWidget::gripperPage() const
-{
-    EditPage page{ui->tongsModifyBtn,
-                  {ui->TongsnumbercomboBox},
-                  ui->tongsModifyCancelBtn,
-                  {ui->returnNavigationBtn1, ui->tongsPageDown}};
-    for (const Gripper &gripper : kGrippers)
-        page.fields.append(ui->*gripper.tool);
-    return page;
-}
-
 void TechnologyWidget::palletSetTongsWidget()
 {
     showTitleAndPage(page::PalletGripper);
-    showViewState(gripperPage());
+    showViewState(editPage(ui));
     request::send(message::GetPalletGripper, request::forRow(ui->m_pPalletCraftNum));
 }
 
@@ -186,7 +186,7 @@ void TechnologyWidget::showToolFrames()
 void TechnologyWidget::modifyTongs()
 {
     pressModify(
-        gripperPage(), [] { return true; },
+        editPage(ui), [] { return true; },
         [this] {
             Json::Value body = request::forText(ui->m_pPalletCraftNum);
             fields::collect(kCount, ui, body);

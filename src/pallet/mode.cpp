@@ -109,20 +109,14 @@ void TechnologyWidget::initPalletMode()
         connect(ui->m_pPalletCraftNum, QOverload<int>::of(&QComboBox::currentIndexChanged), this,
                 slot);
 
-    using Slot = void (TechnologyWidget::*)();
-    const struct {
-        QAbstractButton *button;
-        Slot slot;
-    } ways[] = {
+    connectClicks({
         {ui->BtnPalletType, &TechnologyWidget::showPalletTypeWidget},
         {ui->palletTypeReturn, &TechnologyWidget::return_PalletPage},
         {ui->BtnPalletComplete, &TechnologyWidget::showPalletCompleteWidget},
         {ui->BtnPalletEasy, &TechnologyWidget::showPalletEasyWidget},
         {ui->palletNavigationReturn, &TechnologyWidget::showPalletTypeWidget},
         {ui->PalletEasyNavigationReturn, &TechnologyWidget::showPalletTypeWidget},
-    };
-    for (const auto &way : ways)
-        connect(way.button, &QAbstractButton::clicked, this, way.slot);
+    });
 }
 
 /// The texts of the form that the pages have changed since: a new language resets them.
@@ -131,6 +125,9 @@ void TechnologyWidget::retranslatePalletPages()
     ui->palletstate->setText(tr(kAppearance[palletMode].state));
     showTechnologyNumbers();
     changePalletEasyTechnologyNum();
+    // a reply writes these, in the language that it meets
+    ui->autoTransLenX->clear();
+    ui->autoTransLenY->clear();
 }
 
 /// Opens the page of craft and mode.

@@ -84,12 +84,24 @@ void repeatHeights(const QVector<DigitalLineEdit *> &heights, int period)
         fields::setText(heights[layer], heights[layer % period]->text());
 }
 
+/// Whether a height correction can be saved. An emptied one is none, 0; else only a number counts.
+bool isHeight(const QString &text)
+{
+    bool isNumber = false;
+    const double height = text.toDouble(&isNumber);
+    return text.isEmpty()
+        || (isNumber && height >= -kMaxHeightRevise && height <= kMaxHeightRevise);
+}
+
+/// The explanations are locked with the other ways out: the way back from them opens the page anew,
+/// and an edit would be lost.
 EditPage editPage(const Form *ui)
 {
     EditPage page{ui->overlappingModifyBtn,
                   fields::widgets(kOverlapping, ui),
                   ui->overlappingModifyCancelBtn,
-                  {ui->returnNavigationBtn6, ui->overlappingPageUp, ui->overlappingPageDown}};
+                  {ui->returnNavigationBtn6, ui->overlappingPageUp, ui->overlappingPageDown,
+                   ui->overlappingExplainBtn}};
     page.fields += {ui->levelsnum, ui->overlapModeTab, ui->repeatBtn};
     return page;
 }
@@ -100,7 +112,7 @@ void TechnologyWidget::initOverlapping()
 {
     setReturnButtonSheet({ui->returnNavigationBtn6, ui->overlappingPageUp, ui->overlappingPageDown,
                           ui->overlappingModifyBtn, ui->overlappingModifyCancelBtn,
-                          ui->overlappingExplainBtn, ui->repeatBtn});
+                          ui->overlappingExplainBtn});
     ui->overlapModeTab->setScrollBar(ui->overlapModeScroll);
     overlapModeTab(ui->levelsnum->text().toInt());
     repeatModel();
@@ -111,11 +123,7 @@ void TechnologyWidget::initOverlapping()
     connect(ui->overlapModeTab, &QTableWidget::itemChanged, this, &TechnologyWidget::itemChanged);
     connect(ui->repeatModeComboBox, QOverload<int>::of(&QComboBox::currentIndexChanged), this,
             &TechnologyWidget::repeatModel);
-    using Slot = void (TechnologyWidget::*)();
-    const struct {
-        QAbstractButton *button;
-        Slot slot;
-    } ways[] = {
+    connectClicks({
         {ui->overlappingModelBtn, &TechnologyWidget::palletOverlappingModelWidget},
         {ui->fixedPointHeightBtn, &TechnologyWidget::changeFixedPointHeightBtnState},
         {ui->verticalAlignmentBtn, &TechnologyWidget::changeVerticalAlignmentBtnState},
@@ -125,9 +133,7 @@ void TechnologyWidget::initOverlapping()
         {ui->overlappingModifyCancelBtn, &TechnologyWidget::palletOverlappingModelWidget},
         {ui->overlappingPageUp, &TechnologyWidget::palletApproachParaWidget},
         {ui->returnNavigationBtn6, &TechnologyWidget::showPalletCompleteWidget},
-    };
-    for (const auto &way : ways)
-        connect(way.button, &QAbstractButton::clicked, this, way.slot);
+    });
 }
 
 /// Opens the page, or ends an edit of it without saving.
@@ -164,6 +170,7 @@ void TechnologyWidget::updatePalletOverlappingModel(const QByteArray &body)
     ui->overlapModeTab->rebuild(layers, LayerTable::Old::Deleted);
     takeLayers();
     followFirstLayers();
+    holdColumns(); // the operator may have begun to edit before the reply came
 }
 
 /// The table anew, for so many layers.
@@ -293,11 +300,8 @@ bool TechnologyWidget::acceptOverlapping()
 {
     if (!fields::acceptAll(kChecks, this, ui))
         return false;
-    const bool inRange =
-        std::all_of(overlapHeightEdits.cbegin(), overlapHeightEdits.cend(), [](const auto *edit) {
-            const double height = edit->text().toDouble();
-            return height >= -kMaxHeightRevise && height <= kMaxHeightRevise;
-        });
+    const bool inRange = std::all_of(overlapHeightEdits.cbegin(), overlapHeightEdits.cend(),
+                                     [](const auto *edit) { return isHeight(edit->text()); });
     if (!inRange)
         fields::refuse(tr("高度修正值范围为[-5000-5000]!"));
     return inRange;
@@ -309,6 +313,9 @@ void TechnologyWidget::modifyOverlapping()
     pressModify(
         editPage(ui), [this] { return acceptOverlapping(); },
         [this] {
+            // an emptied field names no stack: that of the table stands
+            if (ui->levelsnum->text().isEmpty())
+                ui->levelsnum->setText(QString::number(overlapGraphicCombos.size()));
             Json::Value body = request::forText(ui->m_pPalletCraftNum);
             for (const Field &field : kOverlapping)
                 fields::collect(field, ui, body);
@@ -323,6 +330,13 @@ void TechnologyWidget::modifyOverlapping()
             request::send(message::SetPalletOverlap, body);
             PrintLog::OutputToLog(tr("设置重叠模式"), 1);
         });
-    if (wasViewing && ui->verticalAlignmentBtn->isCheck())
+    if (wasViewing)
+        holdColumns();
+}
+
+/// While a stack that is built column by column is edited, its layers are all the same.
+void TechnologyWidget::holdColumns()
+{
+    if (ui->verticalAlignmentBtn->isCheck() && ui->overlappingModifyBtn->text() == tr("保存"))
         lockRepeatMode();
 }

@@ -1,4 +1,5 @@
 #include "jobedit.h"
+#include "morerobot.h"
 #include "setingwidget.h"
 #include "shell/buttonstyle.h"
 #include "shell/technologyform.h"
@@ -31,6 +32,22 @@ void TechnologyWidget::initPalletTechInterface()
     initOverlapExplanations();
     initPlane();
     initWizard();
+    connect(MoreRobot::getInstance(), &MoreRobot::currentRobotChanged, this,
+            &TechnologyWidget::forgetOtherRobot);
+}
+
+/// The pendant works with another robot: what the pages hold of the last one is not shown, marked,
+/// calculated with or run to until the controller has told it of this one.
+void TechnologyWidget::forgetOtherRobot()
+{
+    toolFrameTexts = {};
+    showToolFrames();
+    for (const QVector<QLabel *> &labels : {trayOriginLabels, trayXLabels, trayYLabels}) {
+        for (QLabel *label : labels)
+            label->clear();
+    }
+    forgetLivePosition();
+    forgetTaughtPositions();
 }
 
 void TechnologyWidget::return_PalletPage()

@@ -163,6 +163,19 @@ void showRotation(const Form *ui, int type)
     }
 }
 
+EditPage editPage(const Form *ui)
+{
+    EditPage page{ui->planeModifyBtn,
+                  {ui->draftingPreview, ui->customPagDn, ui->customPagUp, ui->customPage,
+                   ui->moveupBtn, ui->moveDownBtn, ui->planeTemplateComboBox,
+                   ui->xDirectionMoveDistance, ui->yDirectionMoveDistance},
+                  ui->planeModifyCancelBtn,
+                  {ui->returnNavigationBtn7, ui->planePageUp}};
+    page.fields += templateFields(ui);
+    page.fields += {ui->workPieceNum, ui->planeMoleTab};
+    return page;
+}
+
 } // namespace
 
 void TechnologyWidget::initPlane()
@@ -171,7 +184,7 @@ void TechnologyWidget::initPlane()
                           ui->planeModifyCancelBtn, ui->customPreviewReturnBtn,
                           ui->customPreviewSaveBtn});
     ui->CustomPreviewframe->hide();
-    showViewState(planePage());
+    showViewState(editPage(ui));
     for (int type = Ranks; type <= HuiType; ++type)
         showRotation(ui, type);
 
@@ -202,26 +215,13 @@ void TechnologyWidget::initPlane()
     connect(ui->huiTypeWholeRotate, rowChanged, this, &TechnologyWidget::huiTypeWholeRotate);
 }
 
-EditPage TechnologyWidget::planePage() const
-{
-    EditPage page{ui->planeModifyBtn,
-                  {ui->draftingPreview, ui->customPagDn, ui->customPagUp, ui->customPage,
-                   ui->moveupBtn, ui->moveDownBtn, ui->planeTemplateComboBox,
-                   ui->xDirectionMoveDistance, ui->yDirectionMoveDistance},
-                  ui->planeModifyCancelBtn,
-                  {ui->returnNavigationBtn7, ui->planePageUp}};
-    page.fields += templateFields(ui);
-    page.fields += {ui->workPieceNum, ui->planeMoleTab};
-    return page;
-}
-
 /// Opens the page, or drops an edit.
 void TechnologyWidget::palletPlaneModelWidget()
 {
     showPage(page::PalletPlane);
     ui->planePatternTemplate->setGeometry(8, 128, 698, 318);
     ui->CustomPreviewframe->hide();
-    showViewState(planePage());
+    showViewState(editPage(ui));
     enableSavedGraphicButtons(ui, true);
     // The graphic's row and not the template's, until the reply tells the template; meant so.
     if (ui->planePicturesNumComboBox->currentIndex() <= Custom)
@@ -332,9 +332,8 @@ void TechnologyWidget::huiTypeWholeRotate()
 
 void TechnologyWidget::modifyPlane()
 {
-    const EditPage page = planePage();
     pressModify(
-        page,
+        editPage(ui),
         [this] {
             if (!fields::acceptAll(kChecks, this, ui))
                 return false;

@@ -18,6 +18,8 @@
 
 namespace {
 
+using Form = Ui_TechnologyWidget;
+
 constexpr Json::ArrayIndex kSent = 6; ///< values of a point in the messages: d is not among them
 constexpr Json::ArrayIndex kFirstAngle = 3;
 constexpr int kPollPeriod = 400; ///< milliseconds
@@ -31,6 +33,20 @@ Json::Value toJson(const PositionTexts &point)
         values.append(App::isDeg && i >= kFirstAngle ? DegToRad(value) : value);
     }
     return values;
+}
+
+void showNothing(const QVector<QLabel *> &labels)
+{
+    for (QLabel *label : labels)
+        label->setText(QStringLiteral("--"));
+}
+
+EditPage editPage(const Form *ui)
+{
+    return {ui->positionModifyBtn,
+            {ui->positionEntrancePoint, ui->positionAuxiliaryPoint, ui->positionJobPoint},
+            ui->positionModifyCancelBtn,
+            {ui->returnNavigationBtn3, ui->positionPageUp, ui->positionPageDown}};
 }
 
 } // namespace
@@ -50,17 +66,13 @@ void TechnologyWidget::initPosition()
                  ui->JobPointb, ui->JobPointc, ui->JobPointd};
     setReturnButtonSheet({ui->returnNavigationBtn3, ui->positionPageUp, ui->positionPageDown,
                           ui->positionModifyBtn, ui->positionModifyCancelBtn});
-    showViewState(positionPage());
+    showViewState(editPage(ui));
 
     connect(robot, &Robot::robot_pallet_PositionParameter, this,
             &TechnologyWidget::updatePalletPositionParameter);
     connect(robot, &Robot::linkChanged, this, &TechnologyWidget::forgetLivePosition);
 
-    using Slot = void (TechnologyWidget::*)();
-    const struct {
-        QPushButton *button;
-        Slot slot;
-    } ways[] = {
+    connectClicks({
         {ui->positionEntrancePoint, &TechnologyWidget::palletEntrancePosition},
         {ui->positionAuxiliaryPoint, &TechnologyWidget::palletAuxiliaryPosition},
         {ui->positionJobPoint, &TechnologyWidget::palletJobPosition},
@@ -74,35 +86,38 @@ void TechnologyWidget::initPosition()
         {ui->positionPageUp, &TechnologyWidget::palletSetTrayWidget},
         {ui->positionPageDown, &TechnologyWidget::palletWorkpieceParaWidget},
         {ui->returnNavigationBtn3, &TechnologyWidget::showPalletCompleteWidget},
-    };
-    for (const auto &way : ways)
-        connect(way.button, &QPushButton::clicked, this, way.slot);
-}
-
-EditPage TechnologyWidget::positionPage() const
-{
-    return {ui->positionModifyBtn,
-            {ui->positionEntrancePoint, ui->positionAuxiliaryPoint, ui->positionJobPoint},
-            ui->positionModifyCancelBtn,
-            {ui->returnNavigationBtn3, ui->positionPageUp, ui->positionPageDown}};
+    });
 }
 
 /// Opens the page; cancelling an edit opens it anew.
 void TechnologyWidget::palletSetPositionWidget()
 {
     showTitleAndPage(page::PalletPosition);
-    showViewState(positionPage());
+    showViewState(editPage(ui));
     ui->positionUnit->setText(App::isDeg ? tr("位置 mm，姿态 °") : tr("位置 mm，姿态 rad"));
-    forgetLivePosition();
+    hideLivePosition();
     palletPositionTimer->start(kPollPeriod);
     request::send(message::GetPalletPosition, request::forRow(ui->m_pPalletCraftNum));
 }
 
 /// Until the controller tells where the robot is, the page does not pretend to know.
+void TechnologyWidget::hideLivePosition()
+{
+    showNothing(livePositionLabels);
+}
+
+/// The robot may have moved while nobody told where it is: no mark takes where it was.
 void TechnologyWidget::forgetLivePosition()
 {
-    for (QLabel *label : std::as_const(livePositionLabels))
-        label->setText(QStringLiteral("--"));
+    hideLivePosition();
+    curCartPos = curCartPosCopy = {};
+}
+
+void TechnologyWidget::forgetTaughtPositions()
+{
+    entrancePos = auxiliaryPos = jobPos = {};
+    for (const QVector<QLabel *> &labels : {entranceLabels, auxiliaryLabels, jobLabels})
+        showNothing(labels);
 }
 
 void TechnologyWidget::palletEntrancePosition()
@@ -166,7 +181,7 @@ void TechnologyWidget::fillPoint(const Json::Value &values, PositionTexts &point
 void TechnologyWidget::modifyPosition()
 {
     pressModify(
-        positionPage(), [] { return true; },
+        editPage(ui), [] { return true; },
         [this] {
             Json::Value body = request::forText(ui->m_pPalletCraftNum);
             Json::Value &pallet = body["pallet"];

@@ -85,6 +85,15 @@ Json::Value pointOf(const QVector<QLabel *> &labels, bool isSixAxis)
     return point;
 }
 
+EditPage editPage(const Form *ui)
+{
+    return {ui->trayModifyBtn,
+            {ui->taryCoordinateCombox, ui->taryOriginBtn, ui->taryXdirectionBtn,
+             ui->taryYdirectionBtn, ui->taryCalculationBtn},
+            ui->trayModifyCancelBtn,
+            {ui->returnNavigationBtn2, ui->trayPageUp, ui->trayPageDown}};
+}
+
 } // namespace
 
 void TechnologyWidget::initTray()
@@ -97,7 +106,7 @@ void TechnologyWidget::initTray()
                    ui->taryXdirectiona, ui->taryXdirectionb, ui->taryXdirectionc};
     trayYLabels = {ui->taryYdirectionx, ui->taryYdirectiony, ui->taryYdirectionz,
                    ui->taryYdirectiona, ui->taryYdirectionb, ui->taryYdirectionc};
-    showViewState(trayPage());
+    showViewState(editPage(ui));
 
     connect(robot, &Robot::robot_pallet_TrayParameter, this,
             &TechnologyWidget::updatePalletTrayParameter);
@@ -106,11 +115,7 @@ void TechnologyWidget::initTray()
     connect(ui->taryCoordinateCombox, QOverload<int>::of(&QComboBox::currentIndexChanged), this,
             &TechnologyWidget::palletSetTrayWidget2);
 
-    using Slot = void (TechnologyWidget::*)();
-    const struct {
-        QPushButton *button;
-        Slot slot;
-    } ways[] = {
+    connectClicks({
         {ui->setTrayBtn, &TechnologyWidget::palletSetTrayWidget},
         {ui->tongsPageDown, &TechnologyWidget::palletSetTrayWidget},
         {ui->trayModifyCancelBtn, &TechnologyWidget::palletSetTrayWidget},
@@ -120,25 +125,14 @@ void TechnologyWidget::initTray()
         {ui->taryXdirectionBtn, &TechnologyWidget::trayXdirectionPressed},
         {ui->taryYdirectionBtn, &TechnologyWidget::trayYdirectionPressed},
         {ui->taryCalculationBtn, &TechnologyWidget::send_calData_pallet},
-    };
-    for (const auto &way : ways)
-        connect(way.button, &QPushButton::clicked, this, way.slot);
-}
-
-EditPage TechnologyWidget::trayPage() const
-{
-    return {ui->trayModifyBtn,
-            {ui->taryCoordinateCombox, ui->taryOriginBtn, ui->taryXdirectionBtn,
-             ui->taryYdirectionBtn, ui->taryCalculationBtn},
-            ui->trayModifyCancelBtn,
-            {ui->returnNavigationBtn2, ui->trayPageUp, ui->trayPageDown}};
+    });
 }
 
 void TechnologyWidget::palletSetTrayWidget()
 {
     showTitleAndPage(page::PalletTray);
     ui->trayUnitNote->setText(App::isDeg ? QStringLiteral("mm / °") : QStringLiteral("mm / rad"));
-    showViewState(trayPage());
+    showViewState(editPage(ui));
     request::send(message::GetPalletTray, request::forRow(ui->m_pPalletCraftNum));
 }
 
@@ -239,7 +233,7 @@ void TechnologyWidget::received_user_successed_pallet(const int result)
 void TechnologyWidget::modifyTray()
 {
     pressModify(
-        trayPage(), [] { return true; },
+        editPage(ui), [] { return true; },
         [this] {
             palletGetUserCoords();
             Json::Value body = request::forText(ui->m_pPalletCraftNum);

@@ -66,20 +66,14 @@ void TechnologyWidget::initWorkpiece()
 
     connect(robot, &Robot::robot_pallet_WorkpieceParameter, this,
             &TechnologyWidget::updatePalletWorkpieceParameter);
-    using Slot = void (TechnologyWidget::*)();
-    const struct {
-        QPushButton *button;
-        Slot slot;
-    } ways[] = {
+    connectClicks({
         {ui->workpieceParaBtn, &TechnologyWidget::palletWorkpieceParaWidget},
         {ui->workpieceModifyBtn, &TechnologyWidget::modifyWorkpiece},
         {ui->workpieceModifyCancelBtn, &TechnologyWidget::palletWorkpieceParaWidget},
         {ui->workpiecePageUp, &TechnologyWidget::palletSetPositionWidget},
         {ui->workpiecePageDown, &TechnologyWidget::palletApproachParaWidget},
         {ui->returnNavigationBtn4, &TechnologyWidget::showPalletCompleteWidget},
-    };
-    for (const auto &way : ways)
-        connect(way.button, &QPushButton::clicked, this, way.slot);
+    });
 }
 
 /// Opens the page, or ends an edit of it without saving.

@@ -141,9 +141,13 @@ QWidget *widget(const Field &field, const Ui_TechnologyWidget *ui)
 bool passes(const Check &check, TechnologyWidget *page, const Ui_TechnologyWidget *ui)
 {
     const QString text = (ui->*check.edit)->text();
+    bool isNumber = false;
+    const double value = text.toDouble(&isNumber);
+    // one with too many digits is a number all the same, and beyond every range
+    if (!isNumber && !std::isinf(value))
+        return false;
     if (check.pattern)
         return (page->*check.pattern)(text);
-    const double value = text.toDouble();
     return value >= check.low && value <= check.high;
 }
 

@@ -138,6 +138,12 @@ void TechnologyWidget::showTitleAndPage(page::Index index)
     setCurrentIndex(index);
 }
 
+void TechnologyWidget::connectClicks(std::initializer_list<Click> clicks)
+{
+    for (const Click &click : clicks)
+        connect(click.button, &QAbstractButton::clicked, this, click.slot);
+}
+
 void TechnologyWidget::hideWgt()
 {
     hide();

@@ -27,6 +27,7 @@ class BoxPainter;
 class DigitalLineEdit;
 class JobEdit;
 class PromptWidget;
+class QAbstractButton;
 class QComboBox;
 class QLabel;
 class QTableWidget;
@@ -291,9 +292,16 @@ private:
     /// The same with the title told first, as the pages of the pallet chain have it.
     void showTitleAndPage(page::Index index);
     void showHostedPage(int type, int group, int title);
+    /// A button and the slot that a click on it runs.
+    struct Click {
+        QAbstractButton *button;
+        void (TechnologyWidget::*slot)();
+    };
+    void connectClicks(std::initializer_list<Click> clicks);
 
     // ---- Packages ----
     void initPalletTechInterface();
+    void forgetOtherRobot();
     void initPalletMode();
     void initGripper();
     void initTray();
@@ -305,9 +313,7 @@ private:
     void openPalletMode(int mode);
     void showTechnologyNumbers();
     QString technologyNumberText() const;
-    EditPage gripperPage() const;
     void showToolFrames();
-    EditPage trayPage() const;
     void markTrayPoint(const char *inquire);
     void initMotion();
     void pollPosition(QTimer *timer, axes::Coordinate coordinate,
@@ -317,8 +323,9 @@ private:
     bool mayMove() const;
     void moveToPoint(const PositionTexts &point);
     void initPosition();
-    EditPage positionPage() const;
+    void hideLivePosition();
     void forgetLivePosition();
+    void forgetTaughtPositions();
     void fillPoint(const Json::Value &values, PositionTexts &point,
                    const QVector<QLabel *> &labels);
     void initWorkpiece();
@@ -328,6 +335,7 @@ private:
     void takeLayers();
     void followFirstLayers();
     void lockRepeatMode();
+    void holdColumns();
     bool acceptOverlapping();
     void initLaserInterface();
     void initBWBTechInterface();
@@ -336,7 +344,6 @@ private:
     void initPolishInterface();
     void initSprayInterface();
     void initPlane();
-    EditPage planePage() const;
     Json::Value planeRequest() const;
     bool fillPlaneHead(const Reply &plane);
     void initWizard();
@@ -368,10 +375,9 @@ private:
     Robot *robot; ///< every message and every reply goes through it; not owned
     PromptWidget *promptWidget = nullptr; ///< every question goes through it; not owned
 
-    // ---- Palletising
-    // ------------------------------------------------------------------------------- The timers
-    // have no parent: they live as long as the process. Each polls every 400 ms, is started by its
-    // page and stopped once that page is no longer shown.
+    // ---- Palletising ----
+    // The timers have no parent: they live as long as the process. Each polls every 400 ms, is
+    // started by its page and stopped once that page is no longer shown.
     QTimer *palletPositionTimer = nullptr;
     QTimer *wizardPositionTimer = nullptr;
     QTimer *palletEasyPositionTimer = nullptr;

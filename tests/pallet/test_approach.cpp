@@ -230,7 +230,8 @@ private slots:
                 QTest::addRow("%s '%s'", kEdits[edit], text)
                     << edit << QString::fromUtf8(text) << check;
             };
-            for (const char *text : {"", ".5", "1.", "1e3", "abc", "--1", "nan", "inf", "1,5"})
+            for (const char *text :
+                 {"", ".5", "1.", "1e3", "abc", "--1", "nan", "inf", "1,5", "５", "5０", "5.０"})
                 add(text, 1);
             for (const char *text : {"0", "-0", "+5", "007", "0.001", "4999.999", "5000"})
                 add(text, 0);

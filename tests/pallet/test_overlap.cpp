@@ -36,7 +36,7 @@ const GuardedPage kPage = {
     QStringLiteral("overlappingModifyBtn"),
     QStringLiteral("overlappingModifyCancelBtn"),
     {QStringLiteral("returnNavigationBtn6"), QStringLiteral("overlappingPageUp"),
-     QStringLiteral("overlappingPageDown")},
+     QStringLiteral("overlappingPageDown"), QStringLiteral("overlappingExplainBtn")},
     {QStringLiteral("levelsnum"), QStringLiteral("repeatModeComboBox"),
      QStringLiteral("altimetricCompensationEdit"), QStringLiteral("fixedPointHeightBtn"),
      QStringLiteral("verticalAlignmentBtn"), QStringLiteral("levelsAutoAlignmentBtn"),
@@ -517,6 +517,20 @@ private slots:
         QCOMPARE(field("levelsnum")->text(), QStringLiteral("1234"));
     }
 
+    /// An emptied count names no stack: the save takes that of the table.
+    void countThatWasEmptied()
+    {
+        pressModify();
+        support::enter(field("levelsnum"), QString());
+        QCOMPARE(field("levelsnum")->text(), QString());
+        QCOMPARE(layers(), 7);
+        support::Journal journal;
+        pressModify();
+        const QByteArray body = journal.messages().at(0).body;
+        QVERIFY(body.contains("\"floorSum\":7,\"graphicNum\":[1,2,3,4,5,6,7]"));
+        QCOMPARE(field("levelsnum")->text(), QStringLiteral("7"));
+    }
+
     void rebuildByHand()
     {
         pages->overlapModeTab(2);
@@ -708,6 +722,19 @@ private slots:
         QVERIFY(!mode()->isEnabledTo(mode()->parentWidget()));
     }
 
+    /// The same when the reply comes only after the edit has begun.
+    void columnsArriveDuringAnEdit()
+    {
+        pressModify();
+        QByteArray columns = kSeven;
+        columns.replace("\"columnLay\":false", "\"columnLay\":true");
+        receive(columns);
+        QVERIFY(!mode()->isEnabled());
+        QCOMPARE(mode()->currentIndex(), static_cast<int>(Same));
+        QCOMPARE(graphics(), QStringLiteral("1 1 1 1 1 1 1"));
+        QCOMPARE(kPage.complaint(pages, true), QStringLiteral("repeatModeComboBox"));
+    }
+
     // ---- edit and save --------------------------------------------------------------------------
 
     void editAndCancel()
@@ -784,8 +811,8 @@ private slots:
         const auto add = [](const char *text, int check) {
             QTest::addRow("'%s'", text) << QString::fromUtf8(text) << check;
         };
-        for (const char *text :
-             {"", "-1", "-0.001", "+1", "01", ".5", "1e3", "abc", "nan", "inf", "５０"})
+        for (const char *text : {"", "-1", "-0.001", "+1", "01", ".5", "1e3", "abc", "nan", "inf",
+                                 "５０", "5０", "0.５"})
             add(text, 1);
         for (const char *text : {"0", "0.001", "0.0", "4999.999", "5000", "5000.0"})
             add(text, 0);
@@ -814,11 +841,11 @@ private slots:
     {
         QTest::addColumn<QString>("text");
         QTest::addColumn<bool>("taken");
-        for (const char *text : {"5000", "-5000", "4999.999", "-4999.999", "0", "-0", "1e3", "",
-                                 "abc", "５０"}) // what is no number counts as 0
+        for (const char *text : {"5000", "-5000", "4999.999", "-4999.999", "0", "-0", "1e3", ""})
             QTest::addRow("'%s'", text) << QString::fromUtf8(text) << true;
-        for (const char *text : {"5000.001", "-5000.001", "5001", "-5001", "1e9", "inf", "-inf",
-                                 "nan", "1234567890123456789012345678901234567890"})
+        for (const char *text :
+             {"5000.001", "-5000.001", "5001", "-5001", "1e9", "inf", "-inf", "nan",
+              "1234567890123456789012345678901234567890", "abc", "５０", "5０", " "})
             QTest::addRow("'%s'", text) << QString::fromUtf8(text) << false;
     }
     void heightBounds()

@@ -239,9 +239,9 @@ private slots:
         } translations[] = {{"xDirectionMoveDistance", "X方向平移距离参数有误!"},
                             {"yDirectionMoveDistance", "Y方向平移距离参数有误!"}};
         for (const auto &row : translations) {
-            for (const char *text : {"", "abc", "5000.01", "-5000.01", "1e3", ".5"})
+            for (const char *text : {"", "abc", "5000.01", "-5000.01", "1e3", ".5", "５", "5０"})
                 QTest::addRow("%s '%s'", row.field, text)
-                    << row.field << text << QString::fromUtf8(row.message);
+                    << row.field << QString::fromUtf8(text) << QString::fromUtf8(row.message);
         }
         const struct {
             const char *field;
@@ -251,9 +251,9 @@ private slots:
                       {"crisscrossXDirectionNum", "纵横交错X方向个数参数有误!"},
                       {"crisscrossYDirectionNum", "纵横交错Y方向个数参数有误!"}};
         for (const auto &row : counts) {
-            for (const char *text : {"", "0", "100", "1.5", "-1", "01", "1000"})
+            for (const char *text : {"", "0", "100", "1.5", "-1", "01", "1000", "４", "1２"})
                 QTest::addRow("%s '%s'", row.field, text)
-                    << row.field << text << QString::fromUtf8(row.message);
+                    << row.field << QString::fromUtf8(text) << QString::fromUtf8(row.message);
         }
     }
 

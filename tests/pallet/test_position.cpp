@@ -483,6 +483,41 @@ private slots:
                  texts("0.000 0.000 0.000 0.000 0.000 0.000 --"));
     }
 
+    /// No mark takes where the robot was before the link went, or where another robot is.
+    void markingWhatNobodyTells()
+    {
+        const QStringList nothing = texts("0.000 0.000 0.000 0.000 0.000 0.000 --");
+        teach("1 2 3 4 5 6 7");
+        emit robot->linkChanged(Robot::Link::Lost);
+        QCOMPARE(values(pages, QStringLiteral("CurrentPoint")), untouched());
+        pages->palletJobPosition();
+        QCOMPARE(values(pages, QStringLiteral("JobPoint")).mid(0, 6), nothing.mid(0, 6));
+
+        teach("1 2 3 4 5 6 7");
+        MoreRobot::setCurrentRobot(2);
+        for (const QString &point : support::kPoints)
+            QCOMPARE(values(pages, point), untouched());
+        pages->palletJobPosition();
+        QCOMPARE(values(pages, QStringLiteral("JobPoint")).mid(0, 6), nothing.mid(0, 6));
+    }
+
+    /// A robot is sent nowhere by the points of another one.
+    void movingToAPointWithoutAPlace()
+    {
+        teach("1 2 3 4 5 6 7");
+        MoreRobot::setCurrentRobot(2);
+        MoreRobot::setCurrentRobot(1);
+        setState(3, 1);
+        for (auto move :
+             {&TechnologyWidget::doMoveToEntrancePoint, &TechnologyWidget::doMoveToAuxiliaryPoint,
+              &TechnologyWidget::doMoveToJobPoint}) {
+            support::Journal journal;
+            (pages->*move)();
+            QVERIFY(journal.messages().isEmpty());
+            QCOMPARE(journal.toasts(), QStringList(QStringLiteral("该点还没有位置！")));
+        }
+    }
+
     void marksNothingWhileViewing()
     {
         tellPosition("0 1 1 2 3 4 5 6 7");

@@ -209,7 +209,7 @@ private slots:
                     << QString::fromUtf8(message);
             };
             for (const char *text : {"", "-1", "+1", "01", ".5", "1.", "1e3", " 1", "abc", "nan",
-                                     "inf", "５０", "5,0", "1.5.5"})
+                                     "inf", "５０", "5０", "5.０", "5,0", "1.5.5"})
                 add(text, field.pattern);
             add("0", field.isSize ? field.pattern : "");
             add("0.5", field.isSize ? field.pattern : "");
