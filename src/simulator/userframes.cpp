@@ -57,8 +57,9 @@ const char *keep(ParameterStore &store, int robot, int number, const QString &wh
 double withoutNoise(double value)
 {
     constexpr double kSmall = 1e-4; // below it an exponent is written
-    constexpr double kUnit = 1e-5;
-    return std::abs(value) < kSmall ? std::round(value / kUnit) * kUnit : value;
+    if (std::abs(value) >= kSmall)
+        return value;
+    return std::round(value / kSmall) * kSmall + 0.0; // no -0
 }
 
 /// The values of a pose that the pages take for an arm: three of a gantry, x y z c of a four-axis

@@ -294,12 +294,15 @@ private slots:
     {
         enable();
         QVector<double> axes = position(0)[0].mid(2);
-        axes[0] = 1e-10;
-        run({0, 1}, axes);
-        arrive();
-        const double y = controller->cell().arm(1).pose()[1];
-        QVERIFY(y != 0.0 && std::abs(y) < 1e-4);
-        QCOMPARE(userPoint(message::GetUserCoordinatePoint, 1, "O")[1], 0.0);
+        for (const double turn : {1e-10, -1e-10, 1e-8, -1e-8}) {
+            axes[0] = turn;
+            run({0, 1}, axes);
+            arrive();
+            const double y = controller->cell().arm(1).pose()[1];
+            QVERIFY(y != 0.0 && std::abs(y) < 5e-5);
+            const double told = userPoint(message::GetUserCoordinatePoint, 1, "O")[1];
+            QCOMPARE(QString::number(told, 'g', 6), QStringLiteral("0"));
+        }
     }
     void robotTwoIsRunByItsNumber()
     {
