@@ -439,7 +439,7 @@ The program wizard of palletising puts its jobs here.</translation>
     </message>
     <message>
         <source>直角</source>
-        <translation>Cartesian</translation>
+        <translation>XYZ</translation>
     </message>
     <message>
         <source>点动 %1 负向</source>
