@@ -19,7 +19,7 @@
 namespace {
 
 constexpr int kMargin = 4;
-constexpr int kWord = 34; ///< where the word of a kind begins, behind its symbol
+constexpr int kWord = 38; ///< where the word of a kind begins, behind its symbol
 constexpr int kNarrowestWord = 48;
 constexpr int kMinHeight = 46;
 constexpr int kReplacedTime = 3000; ///< ms for an endless message whose successor waits
