@@ -17,10 +17,21 @@
 namespace {
 
 constexpr int kPatience = 10000; ///< milliseconds to wait for an answer
-constexpr int kSettling = 150; ///< milliseconds between two touches
+constexpr int kSettling = 100; ///< milliseconds between two touches
+
+/// A press gives the focus to what takes it, as one that comes from a screen does.
+void giveFocus(QWidget *widget)
+{
+    while (widget && !(widget->isEnabled() && (widget->focusPolicy() & Qt::ClickFocus)))
+        widget = widget->isWindow() ? nullptr : widget->parentWidget();
+    if (widget)
+        widget->setFocus(Qt::MouseFocusReason);
+}
 
 void send(QWidget *widget, QEvent::Type type, const QPoint &position)
 {
+    if (type == QEvent::MouseButtonPress)
+        giveFocus(widget);
     QMouseEvent event(type, position, widget->mapToGlobal(position), Qt::LeftButton,
                       type == QEvent::MouseButtonRelease ? Qt::NoButton : Qt::LeftButton,
                       Qt::NoModifier);
@@ -249,9 +260,9 @@ void Operator::settle()
 
 void Operator::picture(const QString &name, QWidget *widget)
 {
-    settle();
+    QApplication::processEvents(); // what a step without a touch has changed is laid out
     const QString file =
-        QStringLiteral("%1-%2.png").arg(++m_pictures, 2, 10, QLatin1Char('0')).arg(name);
+        QStringLiteral("%1-%2.png").arg(++m_pictures, 3, 10, QLatin1Char('0')).arg(name);
     (widget ? widget : m_pendant.window())->grab().save(QDir(m_directory).filePath(file));
     QTextStream(stdout) << file << Qt::endl;
 }

@@ -12,7 +12,7 @@ class PalletTour {
 public:
     explicit PalletTour(Operator &hand);
 
-    /// Begins and ends on the top menu, with the arm where it was.
+    /// Begins and ends on the top menu, with the arm about where it was.
     bool walk();
 
 private:
