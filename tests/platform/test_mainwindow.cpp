@@ -11,6 +11,7 @@
 #include "linklamp.h"
 #include "newtechnologywidget.h"
 #include "pagetitles.h"
+#include "pendantstyle.h"
 #include "snackbarmessage.h"
 #include "useraccounts.h"
 #include "veltrixdatabase.h"
@@ -53,6 +54,8 @@ class TestMainWindow : public QObject {
     QString title() { return find<QLabel>("pageTitle")->text(); }
 
 private slots:
+    void initTestCase() { PendantStyle::apply(*qApp); }
+
     void init()
     {
         UserAccounts::getInstance()->setHashCost(1, 8192);

@@ -2,9 +2,11 @@
 
 #include "../polish/polishpage.h"
 
+#include "displaysize.h"
 #include "language.h"
 #include "newtechnologywidget.h"
 #include "pagetitles.h"
+#include "pendantstyle.h"
 
 #include <QLabel>
 #include <QToolButton>
@@ -56,6 +58,7 @@ private:
 private slots:
     void initTestCase()
     {
+        PendantStyle::apply(*qApp);
         pages = TechnologyWidget::getInstance();
         pages->resize(714, 504);
         pages->show();
@@ -122,6 +125,29 @@ private slots:
         QVERIFY(!switchTo("tlh"));
         QCOMPARE(pages->currentIndex(), 48);
         QVERIFY(page.isEditing());
+    }
+
+    /// No page asks for more than the pendant's content area; one that did would make them all
+    /// larger, and their feet would be cut off.
+    void pagesFit()
+    {
+        for (const char *language : {"zh", "en"}) {
+            QVERIFY(switchTo(language));
+            for (int index = 0; index < pages->count(); ++index) {
+                const QWidget *page = pages->widget(index);
+                pages->setCurrentIndex(index);
+                QCoreApplication::processEvents();
+                const QSize least = page->minimumSizeHint();
+                QVERIFY2(least.width() <= DisplaySize::contentWidth
+                             && least.height() <= DisplaySize::contentHeight,
+                         qPrintable(QStringLiteral("%1 in %2: %3 x %4")
+                                        .arg(page->objectName(), QString::fromLatin1(language))
+                                        .arg(least.width())
+                                        .arg(least.height())));
+            }
+        }
+        pages->return_mainPage();
+        QCOMPARE(pages->size(), QSize(DisplaySize::contentWidth, DisplaySize::contentHeight));
     }
 
     void noChineseIsLeft()
