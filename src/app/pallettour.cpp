@@ -122,6 +122,18 @@ template <typename Entries> bool findEntries(Operator &hand, const Entries &entr
     return true;
 }
 
+/// Opens a page and waits until it has filled itself from the answer that `signal` brings: what it
+/// shows then is the controller's, not what was left of the entry.
+template <typename Signal> bool readPage(Operator &hand, const char *button, Signal signal)
+{
+    bool came = false;
+    const QObject context;
+    QObject::connect(Robot::getInstance(), signal, &context, [&came] { came = true; });
+    return hand.touch(name(button))
+        && hand.waitFor(name("the answer to %1").arg(QLatin1String(button)),
+                        [&came] { return came; });
+}
+
 /// x, y and z of a point as the page shows them; no number where it shows none.
 QVector<double> placeOf(const Operator &hand, const char *labels)
 {
@@ -287,10 +299,12 @@ bool PalletTour::setGraphics()
 
 bool PalletTour::findGrippersAndTray()
 {
-    if (!m_operator.touch(name("setTongsBtn")) || !findChoices(m_operator, kGrippers))
+    if (!readPage(m_operator, "setTongsBtn", &Robot::robot_pallet_ToolParameter)
+        || !findChoices(m_operator, kGrippers))
         return false;
     m_operator.picture(name("pallet-gripper"));
-    if (!m_operator.touchAll({name("returnNavigationBtn1"), name("setTrayBtn")})
+    if (!m_operator.touch(name("returnNavigationBtn1"))
+        || !readPage(m_operator, "setTrayBtn", &Robot::robot_pallet_TrayParameter)
         || !findChoices(m_operator, kTray))
         return false;
     m_operator.picture(name("pallet-tray"));
@@ -299,7 +313,7 @@ bool PalletTour::findGrippersAndTray()
 
 bool PalletTour::findPositions()
 {
-    if (!m_operator.touch(name("setPositionBtn")))
+    if (!readPage(m_operator, "setPositionBtn", &Robot::robot_pallet_PositionParameter))
         return false;
     for (int point = 0; point < kPointCount; ++point) {
         const char *labels = kPoints[point].labels;
@@ -316,10 +330,12 @@ bool PalletTour::findPositions()
 
 bool PalletTour::findWorkpieceAndApproach()
 {
-    if (!m_operator.touch(name("workpieceParaBtn")) || !findEntries(m_operator, kWorkpiece))
+    if (!readPage(m_operator, "workpieceParaBtn", &Robot::robot_pallet_WorkpieceParameter)
+        || !findEntries(m_operator, kWorkpiece))
         return false;
     m_operator.picture(name("pallet-workpiece"));
-    if (!m_operator.touchAll({name("returnNavigationBtn4"), name("approachParaBtn")})
+    if (!m_operator.touch(name("returnNavigationBtn4"))
+        || !readPage(m_operator, "approachParaBtn", &Robot::robot_pallet_ApproachParameter)
         || !findEntries(m_operator, kApproach))
         return false;
     m_operator.picture(name("pallet-approach"));
@@ -328,7 +344,7 @@ bool PalletTour::findWorkpieceAndApproach()
 
 bool PalletTour::findLayers()
 {
-    if (!m_operator.touch(name("overlappingModelBtn"))
+    if (!readPage(m_operator, "overlappingModelBtn", &Robot::robot_pallet_OverlappingModel)
         || !m_operator.shows(name("levelsnum"), QString::number(kLayers)))
         return false;
     const auto *table = child<LayerTable>(m_operator, name("overlapModeTab"));
@@ -345,8 +361,8 @@ bool PalletTour::findLayers()
 
 bool PalletTour::findGraphics()
 {
-    if (!m_operator.touch(name("planeModelBtn")) || !findChoices(m_operator, kRanks)
-        || !findEntries(m_operator, kRanksCounts))
+    if (!readPage(m_operator, "planeModelBtn", &Robot::robot_pallet_PlaneModel)
+        || !findChoices(m_operator, kRanks) || !findEntries(m_operator, kRanksCounts))
         return false;
     m_operator.picture(name("pallet-ranks"));
     if (!m_operator.chooseRow(name("planePicturesNumComboBox"), 1)
