@@ -3,7 +3,6 @@
 #include "link/messages.h"
 #include "simulator/envelope.h"
 #include "simulator/palletset.h"
-#include "simulator/parameterstore.h"
 
 namespace {
 
@@ -33,7 +32,7 @@ const char *getMode(Request &request)
     if (!craft)
         return wrong;
     const std::optional<Json::Value> kept =
-        request.store.load({craft->robot, "pallet", craft->number, QStringLiteral("mode")});
+        pallet::load(request.store, *craft, QStringLiteral("mode"));
     Json::Value reply = pallet::replyFor(*craft);
     reply[kKey] = kept ? envelope::whole(*kept, kKey, 0, kNotSet).value_or(kNotSet) : kNotSet;
     request.reply(wire::reply::robot_switchpalletmode, reply);

@@ -10,7 +10,6 @@
 #include "simulator/palletset.h"
 #include "simulator/palletworkpiece.h"
 #include "simulator/parameterset.h"
-#include "simulator/parameterstore.h"
 #include "simulator/session.h"
 #include "wire/json.h"
 
@@ -119,8 +118,7 @@ QString listOf(const Graphic &graphic)
 Json::Value storedPlane(const ParameterStore &store, const Graphic &graphic)
 {
     Json::Value set = initial();
-    const std::optional<Json::Value> kept =
-        store.load({graphic.craft.robot, "pallet", graphic.craft.number, subOf(graphic)});
+    const std::optional<Json::Value> kept = pallet::load(store, graphic.craft, subOf(graphic));
     if (kept && merge(*kept, set))
         return initial();
     return set;
@@ -129,8 +127,7 @@ Json::Value storedPlane(const ParameterStore &store, const Graphic &graphic)
 /// The workpieces of a graphic whose layout is a list: [{"X","Y","t","dir","h"}].
 Json::Value storedList(const ParameterStore &store, const Graphic &graphic)
 {
-    const std::optional<Json::Value> kept =
-        store.load({graphic.craft.robot, "pallet", graphic.craft.number, listOf(graphic)});
+    const std::optional<Json::Value> kept = pallet::load(store, graphic.craft, listOf(graphic));
     const Json::Value *items = kept ? wire::array(*kept, "items") : nullptr;
     return items ? *items : Json::Value(Json::arrayValue);
 }

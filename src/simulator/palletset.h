@@ -30,6 +30,9 @@ struct Topic {
 };
 
 Json::Value stored(const ParameterStore &store, const Craft &craft, const Topic &topic);
+/// What stands in the store under that name; nothing for what never was.
+std::optional<Json::Value> load(const ParameterStore &store, const Craft &craft,
+                                const QString &sub);
 /// Null, or that the store does not take it.
 const char *keep(ParameterStore &store, const Craft &craft, const QString &sub,
                  const Json::Value &set);

@@ -2,6 +2,7 @@
 // along Y of the tray, its width along X.
 
 #include "simulator/palletworkpiece.h"
+
 #include "link/messages.h"
 #include "simulator/palletset.h"
 #include "simulator/parameterset.h"
