@@ -2447,10 +2447,6 @@ of the first one before you mark them.</translation>
         <source>高度修正 mm</source>
         <translation>Heights in mm</translation>
     </message>
-    <message>
-        <source>该点还没有位置！</source>
-        <translation>This point has no position yet!</translation>
-    </message>
 </context>
 <context>
     <name>TitleBar</name>

@@ -172,15 +172,12 @@ bool TechnologyWidget::mayMove() const
     return false;
 }
 
-/// Sends the robot to a taught point, if there is one: no values would be the middle of its base.
+/// Sends the robot to a taught point. Values that nobody has told go as 0, the middle of its base,
+/// which the controller refuses as out of reach.
 void TechnologyWidget::moveToPoint(const PositionTexts &point)
 {
     if (!mayMove())
         return;
-    if (point == PositionTexts()) {
-        SnackbarMessage::showMessage(tr("该点还没有位置！"), 5000, 1, true);
-        return;
-    }
     QStringList values(point.begin(), point.end());
     for (int i = kAngles; App::isDeg && i < kAngles + 3; ++i)
         values[i] = QString::number(DegToRad(axes::numberOf(values.at(i))), 'g', 6);

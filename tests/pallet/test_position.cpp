@@ -501,7 +501,7 @@ private slots:
         QCOMPARE(values(pages, QStringLiteral("JobPoint")).mid(0, 6), nothing.mid(0, 6));
     }
 
-    /// A robot is sent nowhere by the points of another one.
+    /// No robot is sent to the points of another one: a point that nobody has told is all zeros.
     void movingToAPointWithoutAPlace()
     {
         teach("1 2 3 4 5 6 7");
@@ -513,8 +513,11 @@ private slots:
               &TechnologyWidget::doMoveToJobPoint}) {
             support::Journal journal;
             (pages->*move)();
-            QVERIFY(journal.messages().isEmpty());
-            QCOMPARE(journal.toasts(), QStringList(QStringLiteral("该点还没有位置！")));
+            QCOMPARE(journal.messages().size(), 1);
+            QCOMPARE(journal.messages().first().id, kRunToPoint);
+            QVERIFY(journal.messages().first().body.contains(
+                "\"values\":[1.0,1.0,0.0,0.0,0.0,0.0,0.0,0.0,0.0,0.0,0.0,0.0,0.0,0.0]"));
+            QVERIFY(journal.toasts().isEmpty());
         }
     }
 
