@@ -68,8 +68,8 @@ void collect(const Field &field, const Ui_TechnologyWidget *ui, Json::Value &bod
 
 QWidget *widget(const Field &field, const Ui_TechnologyWidget *ui);
 
-/// Whether the field's text passes the test, which nothing does that is no number: the patterns take
-/// the digits of other scripts as well, and those would be sent as 0.
+/// Whether the field's text passes the test, which nothing does that is no number: the patterns
+/// take the digits of other scripts as well, and those would be sent as 0.
 bool passes(const Check &check, TechnologyWidget *page, const Ui_TechnologyWidget *ui);
 
 /// Shows that a value is refused: 3000 ms, kind 4.
