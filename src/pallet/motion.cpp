@@ -172,8 +172,8 @@ bool TechnologyWidget::mayMove() const
     return false;
 }
 
-/// Sends the robot to a taught point. Values that nobody has told go as 0, the middle of its base,
-/// which the controller refuses as out of reach.
+/// Sends the robot to a taught point. Values that nobody has told go as 0; whether the robot can be
+/// there is for the controller to say.
 void TechnologyWidget::moveToPoint(const PositionTexts &point)
 {
     if (!mayMove())

@@ -33,20 +33,14 @@ void TechnologyWidget::initWizardPoints()
     connect(MoreRobot::getInstance(), &MoreRobot::currentRobotChanged, this,
             &TechnologyWidget::forgetWizardPoints);
 
-    using Slot = void (TechnologyWidget::*)();
-    const struct {
-        QPushButton *button;
-        Slot slot;
-    } ways[] = {
+    connectClicks({
         {ui->positionGetPoint, &TechnologyWidget::wizardInfoGetPoint},
         {ui->positionGetUpperPoint, &TechnologyWidget::wizardInfoGetUpperPoint},
         {ui->positionGetSafePoint, &TechnologyWidget::wizardInfoGetSafePoint},
         {ui->moveToGetPoint, &TechnologyWidget::doMoveToGetPoint},
         {ui->moveToGetUpperPoint, &TechnologyWidget::doMoveToGetUpperPoint},
         {ui->moveToGetSafePoint, &TechnologyWidget::doMoveToGetSafePoint},
-    };
-    for (const auto &way : ways)
-        connect(way.button, &QPushButton::clicked, this, way.slot);
+    });
 }
 
 /// The page opens: it shows the columns of the joints that this robot shows. A robot of no known

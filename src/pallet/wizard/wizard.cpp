@@ -134,11 +134,7 @@ void TechnologyWidget::initWizard()
     ui->palletProgrameName_edit->setTextMargins(8, 0, 8, 0);
     clearName(ui);
 
-    using Slot = void (TechnologyWidget::*)();
-    const struct {
-        QAbstractButton *button;
-        Slot slot;
-    } ways[] = {
+    connectClicks({
         {ui->BtnPalletFile, &TechnologyWidget::palletCreatedFileWidget1},
         {ui->createdFilePagedownBtn1, &TechnologyWidget::palletCreatedFileWidget2},
         {ui->createdFilePageupBtn2, &TechnologyWidget::palletCreatedFileWidget2},
@@ -153,9 +149,7 @@ void TechnologyWidget::initWizard()
         {ui->createdFileReturnBtn4, &TechnologyWidget::exitCreateFile},
         {ui->createdFileReturnBtn5, &TechnologyWidget::exitCreateFile},
         {ui->createdFilePageupBtn, &TechnologyWidget::returnCreateFile},
-    };
-    for (const auto &way : ways)
-        connect(way.button, &QAbstractButton::clicked, this, way.slot);
+    });
 }
 
 /// The first row of the port lists is no port but a word.
