@@ -33,13 +33,13 @@ std::optional<Options> readOptions(const QStringList &arguments, QString *error)
                        "by default 1. Repeatable."),
         QStringLiteral("ROBOT=TYPE"));
     const QCommandLineOption data(QStringLiteral("data"),
-                                  QStringLiteral("Keep configuration, accounts, log and the "
+                                  QStringLiteral("Keep configuration, accounts, log, jobs and the "
                                                  "embedded controller's parameters here."),
                                   QStringLiteral("DIR"));
     const QCommandLineOption tour(
         QStringLiteral("tour"),
         QStringLiteral("Drive the pages against the embedded controller without an operator, leave "
-                       "pictures here, and end."),
+                       "pictures and the jobs it makes here, and end."),
         QStringLiteral("DIR"));
     const QCommandLineOption language(
         QStringLiteral("language"),
