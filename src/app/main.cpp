@@ -7,9 +7,28 @@
 
 #include <QApplication>
 #include <QTextStream>
+#include <algorithm>
+
+namespace {
+
+/// A tour is also made where there is no screen.
+void chooseScreen(int argc, char **argv)
+{
+    const bool isTour = std::any_of(argv, argv + argc, [](const char *argument) {
+        return QByteArray(argument).startsWith("--tour");
+    });
+    const bool hasScreen = qEnvironmentVariableIsSet("DISPLAY")
+        || qEnvironmentVariableIsSet("WAYLAND_DISPLAY")
+        || qEnvironmentVariableIsSet("QT_QPA_PLATFORM");
+    if (isTour && !hasScreen)
+        qputenv("QT_QPA_PLATFORM", "offscreen");
+}
+
+} // namespace
 
 int main(int argc, char **argv)
 {
+    chooseScreen(argc, argv);
     QApplication application(argc, argv);
     QApplication::setApplicationName(QStringLiteral("pendant"));
     QApplication::setApplicationVersion(QStringLiteral("0.1.0"));
