@@ -55,7 +55,7 @@ EventPage::EventPage(QWidget *parent)
         m_kind->addItem(QString(), kind);
     m_id->setObjectName(QStringLiteral("eventMessageId"));
     m_id->setFixedSize(110, kTouchHeight);
-    m_id->setPlaceholderText(QStringLiteral("0x4601"));
+    m_id->setPlaceholderText(QStringLiteral("0x…"));
     m_id->setValidator(new QRegularExpressionValidator(
         QRegularExpression(QStringLiteral("(0[xX])?[0-9a-fA-F]{0,4}")), m_id));
     m_count->setObjectName(QStringLiteral("eventCount"));

@@ -244,9 +244,17 @@ void SnackbarStack::add(const Message &message)
         else if (panel->isEndless() && !panel->isStanding())
             remove(panel);
     }
+    if (same && same->isStanding() && !message.standing)
+        return; // it is said already, for longer
     if (same) {
+        same->setStanding(message.standing);
         same->start(message.text, message.duration, message.kind);
         fillUp();
+        return;
+    }
+    if (message.standing) { // it takes nobody's place, so it does not wait for one
+        show(message);
+        place();
         return;
     }
     for (Message &waiting : m_waiting) {
@@ -274,7 +282,7 @@ void SnackbarStack::fillUp()
     while (transientPanels() < SnackbarMessage::kShown && !m_waiting.isEmpty()) {
         // One that would stay without an end has its successor waiting already: it gets its time.
         Message next = m_waiting.takeFirst();
-        if (next.duration < 0 && !next.standing && !m_waiting.isEmpty())
+        if (next.duration < 0 && !m_waiting.isEmpty())
             next.duration = kReplacedTime;
         show(next);
     }

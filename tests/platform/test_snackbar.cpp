@@ -54,6 +54,7 @@ private slots:
     void theSameTextWaitsOnce();
     void aRepetitionStartsTheTimeAnew();
     void anEndlessOneThatWaitedGetsItsTime();
+    void standingStaysUntilTouched();
     void longTextsAreWholeAndFollowTheWidth();
     void onThePendantsScreenTheyStandBesideTheKeys();
     void theyTakeNoFocusAndBlockNothing();
@@ -235,6 +236,27 @@ void TestSnackbar::anEndlessOneThatWaitedGetsItsTime()
     QVERIFY(SnackbarMessage::shownTexts().contains(QStringLiteral("endless")));
     QTRY_VERIFY(!SnackbarMessage::shownTexts().contains(QStringLiteral("endless")));
     QVERIFY(SnackbarMessage::shownTexts().contains(QStringLiteral("next")));
+}
+
+void TestSnackbar::standingStaysUntilTouched()
+{
+    const QString text = QStringLiteral("stands");
+    for (int i = 1; i <= SnackbarMessage::kShown; ++i)
+        say(QString::number(i));
+    SnackbarMessage::showStanding(text, 3); // waits for nobody
+    QVERIFY(SnackbarMessage::shownTexts().contains(text));
+    QVERIFY(SnackbarMessage::waitingTexts().isEmpty());
+    say(QStringLiteral("next"), -1);
+    say(QStringLiteral("and next"), -1);
+    say(text, 1); // the same for a moment only
+    QTest::qWait(20);
+    QCOMPARE(SnackbarMessage::shownTexts().count(text), 1);
+    for (SnackbarPanel *panel : panels()) {
+        if (panel->isVisible() && panel->text() == text)
+            QTest::mouseClick(panel, Qt::LeftButton);
+    }
+    QVERIFY(!SnackbarMessage::shownTexts().contains(text));
+    QCOMPARE(SnackbarMessage::shownTexts(), texts(1, SnackbarMessage::kShown));
 }
 
 void TestSnackbar::longTextsAreWholeAndFollowTheWidth()
