@@ -1,46 +1,31 @@
 // The whole way to a job in the running pendant, by touches alone: wizard, taught points on the
 // simulated arm, file, controller, job list.
 
-#include "../support.h"
+#include "runningpendant.h"
 
 #include "app/jobtour.h"
 #include "app/operator.h"
-#include "app/pendant.h"
 #include "jobfile.h"
 #include "jobpage.h"
 #include "jobstore.h"
 #include "shell/technologywidget.h"
 #include "snackbarmessage.h"
-#include "veltrixwidgetfoundation.h"
-
-#include <QTemporaryDir>
 
 class TestJobTour : public QObject {
     Q_OBJECT
 private:
-    QTemporaryDir m_data;
-    QTemporaryDir m_pictures;
-    Pendant m_pendant;
+    RunningPendant m_desk;
 
 private slots:
-    void initTestCase()
-    {
-        Options options;
-        options.dataDirectory = m_data.path();
-        options.language = QStringLiteral("zh");
-        QString error;
-        QVERIFY2(m_pendant.start(options, &error), qPrintable(error));
-        m_pendant.window()->show();
-        QTRY_VERIFY(Robot::getInstance()->isConnected());
-    }
-    void cleanupTestCase() { m_pendant.stop(); }
+    void initTestCase() { QVERIFY(m_desk.start()); }
+    void cleanupTestCase() { m_desk.pendant.stop(); }
 
     void palletise()
     {
-        Operator hand(m_pendant, m_pictures.path());
-        QVERIFY(JobTour(hand, m_pictures.path()).walk(QStringLiteral("Load_1"), false));
-        QCOMPARE(m_pendant.pages()->currentIndex(), 0);
-        QFile copy(m_pictures.filePath(QStringLiteral("Load_1.JBR")));
+        Operator hand(m_desk.pendant, m_desk.pictures.path());
+        QVERIFY(JobTour(hand, m_desk.pictures.path()).walk(QStringLiteral("Load_1"), false));
+        QCOMPARE(m_desk.pendant.pages()->currentIndex(), 0);
+        QFile copy(m_desk.pictures.filePath(QStringLiteral("Load_1.JBR")));
         QVERIFY(copy.open(QIODevice::ReadOnly));
         const auto reading = jobfile::read(copy.readAll(), QStringLiteral("Load_1"));
         QVERIFY(reading.job);
@@ -54,26 +39,26 @@ private slots:
         QVERIFY(upper->values[8] - safe->values[8] > 4.0);
         QVERIFY(get->values[9] - upper->values[9] > 4.0);
         // in the data directory, where the next run finds it
-        QVERIFY(QFile::exists(m_data.filePath(QStringLiteral("jobs/robot1/Load_1.JBR"))));
+        QVERIFY(QFile::exists(m_desk.data.filePath(QStringLiteral("jobs/robot1/Load_1.JBR"))));
     }
 
     /// The name is taken now: the wizard does not go on.
     void sameNameAgain()
     {
         SnackbarMessage::dismissAll();
-        Operator hand(m_pendant, m_pictures.path());
-        QVERIFY(!JobTour(hand, m_pictures.path()).walk(QStringLiteral("Load_1"), false));
-        QCOMPARE(m_pendant.pages()->currentIndex(), 33);
+        Operator hand(m_desk.pendant, m_desk.pictures.path());
+        QVERIFY(!JobTour(hand, m_desk.pictures.path()).walk(QStringLiteral("Load_1"), false));
+        QCOMPARE(m_desk.pendant.pages()->currentIndex(), 33);
         SnackbarMessage::dismissAll();
         QVERIFY(hand.touch(QStringLiteral("createdFileReturnBtn1")));
     }
 
     void pagesAskForTheJobList()
     {
-        QVERIFY(!m_pendant.window()->jobPage()->isVisible());
-        emit m_pendant.pages()->showJobFile(WIND_JOB_FILES);
-        QVERIFY(m_pendant.window()->jobPage()->isVisible());
-        QVERIFY(!m_pendant.pages()->isVisible());
+        QVERIFY(!m_desk.pendant.window()->jobPage()->isVisible());
+        emit m_desk.pendant.pages()->showJobFile(WIND_JOB_FILES);
+        QVERIFY(m_desk.pendant.window()->jobPage()->isVisible());
+        QVERIFY(!m_desk.pendant.pages()->isVisible());
     }
 };
 

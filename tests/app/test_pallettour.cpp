@@ -1,38 +1,24 @@
 // The way through a craft's pages in the running pendant, by touches alone, for a craft that is new
 // and for one that is there already.
 
-#include "../support.h"
+#include "runningpendant.h"
 
 #include "app/operator.h"
 #include "app/pallettour.h"
-#include "app/pendant.h"
 #include "link/messages.h"
 #include "shell/technologywidget.h"
-#include "veltrixwidgetfoundation.h"
 
 #include <QDir>
 #include <QMap>
-#include <QTemporaryDir>
 
 class TestPalletTour : public QObject {
     Q_OBJECT
 private:
-    QTemporaryDir m_data;
-    QTemporaryDir m_pictures;
-    Pendant m_pendant;
+    RunningPendant m_desk;
 
 private slots:
-    void initTestCase()
-    {
-        Options options;
-        options.dataDirectory = m_data.path();
-        options.language = QStringLiteral("zh");
-        QString error;
-        QVERIFY2(m_pendant.start(options, &error), qPrintable(error));
-        m_pendant.window()->show();
-        QTRY_VERIFY(Robot::getInstance()->isConnected());
-    }
-    void cleanupTestCase() { m_pendant.stop(); }
+    void initTestCase() { QVERIFY(m_desk.start()); }
+    void cleanupTestCase() { m_desk.pendant.stop(); }
 
     /// The craft was not set before; the second time it is complete.
     void walk_data()
@@ -44,7 +30,7 @@ private slots:
     void walk()
     {
         QFETCH(QString, before);
-        Operator hand(m_pendant, m_pictures.path());
+        Operator hand(m_desk.pendant, m_desk.pictures.path());
         QVERIFY(hand.touchAll({QStringLiteral("BtnPalletTech"), QStringLiteral("BtnPalletType")}));
         QVERIFY(hand.chooseRow(QStringLiteral("m_pPalletCraftNum"), 1));
         QVERIFY(hand.shows(QStringLiteral("palletstate"), before));
@@ -53,10 +39,10 @@ private slots:
 
         support::Journal journal;
         QVERIFY(PalletTour(hand).walk());
-        QCOMPARE(m_pendant.pages()->currentIndex(), 0);
+        QCOMPARE(m_desk.pendant.pages()->currentIndex(), 0);
         QCOMPARE(Robot::getInstance()->get_deadman_state(), 0);
         QCOMPARE(hand.pictures(), 31);
-        QCOMPARE(QDir(m_pictures.path()).entryList({QStringLiteral("*.png")}).size(), 31);
+        QCOMPARE(QDir(m_desk.pictures.path()).entryList({QStringLiteral("*.png")}).size(), 31);
 
         // each page was saved once, each graphic too
         QMap<int, int> counts;

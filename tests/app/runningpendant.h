@@ -1,0 +1,31 @@
+#pragma once
+
+// The pendant as it runs on a desk, with data and pictures in directories of the test's own.
+
+#include "../support.h"
+
+#include "app/pendant.h"
+#include "veltrixwidgetfoundation.h"
+
+#include <QTemporaryDir>
+
+struct RunningPendant {
+    /// Starts in Chinese with its embedded controller, shows the window and waits for the link.
+    bool start()
+    {
+        Options options;
+        options.dataDirectory = data.path();
+        options.language = QStringLiteral("zh");
+        QString error;
+        if (!pendant.start(options, &error)) {
+            qWarning("%s", qPrintable(error));
+            return false;
+        }
+        pendant.window()->show();
+        return QTest::qWaitFor([] { return Robot::getInstance()->isConnected(); });
+    }
+
+    QTemporaryDir data;
+    QTemporaryDir pictures;
+    Pendant pendant;
+};
