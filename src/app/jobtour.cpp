@@ -78,7 +78,8 @@ bool JobTour::teachThePoints()
                   {"jog2plus", "positionGetUpperPoint"},
                   {"jog3plus", "positionGetPoint"}};
     for (const auto &place : places) {
-        if (!jog(QLatin1String(place.key)) || !m_operator.touch(QLatin1String(place.mark)))
+        if (!jog(QLatin1String(place.key)) || !m_operator.waitForStandstill()
+            || !m_operator.touch(QLatin1String(place.mark)))
             return false;
     }
     m_operator.picture(QStringLiteral("wizard-points"));

@@ -1,15 +1,18 @@
 #include "app/operator.h"
 
 #include "app/pendant.h"
+#include "robot.h"
 #include "veltrixwidgetfoundation.h"
 
 #include <QApplication>
 #include <QComboBox>
 #include <QDeadlineTimer>
 #include <QDir>
+#include <QElapsedTimer>
 #include <QEventLoop>
 #include <QLabel>
 #include <QLineEdit>
+#include <QMap>
 #include <QMouseEvent>
 #include <QTextStream>
 #include <QTimer>
@@ -18,6 +21,7 @@ namespace {
 
 constexpr int kPatience = 10000; ///< milliseconds to wait for an answer
 constexpr int kSettling = 100; ///< milliseconds between two touches
+constexpr int kStandstill = 500; ///< milliseconds of the same position: the arm has come to rest
 
 /// A press gives the focus to what takes it, as one that comes from a screen does.
 void giveFocus(QWidget *widget)
@@ -249,6 +253,26 @@ bool Operator::waitFor(const QString &what, const std::function<bool()> &conditi
         QApplication::processEvents(QEventLoop::AllEvents | QEventLoop::WaitForMoreEvents, 50);
     }
     return true;
+}
+
+bool Operator::waitForStandstill()
+{
+    QMap<QByteArray, QByteArray> places; // by kind of coordinates
+    int told = 0;
+    QElapsedTimer since;
+    QObject context;
+    QObject::connect(Robot::getInstance(), &Robot::receive_moreRobot_CurPosition, &context,
+                     [&](const QByteArray &, const QByteArray &position) {
+                         QByteArray &place = places[position.split(' ').value(1)];
+                         if (place != position) {
+                             place = position;
+                             told = 0;
+                             since.start();
+                         }
+                         ++told;
+                     });
+    return waitFor(QStringLiteral("the arm to stand still"),
+                   [&] { return told >= 3 && since.hasExpired(kStandstill); });
 }
 
 void Operator::settle()

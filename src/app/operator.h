@@ -46,6 +46,9 @@ public:
     bool shows(const QString &widget, const QString &text);
     /// `what` completes the sentence "waited in vain for".
     bool waitFor(const QString &what, const std::function<bool()> &condition);
+    /// Waits until the arm has come to rest and the open page, which must be one that polls the
+    /// position, shows where: an answer may have been under way while the arm still moved.
+    bool waitForStandstill();
     /// Lets answers that are under way come in, as they would before the next touch.
     void settle();
     /// Takes a picture of the main window, or of `widget`.

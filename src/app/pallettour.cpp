@@ -322,7 +322,7 @@ bool PalletTour::findPositions()
             }))
             return false;
     }
-    if (!waitForLivePosition())
+    if (!m_operator.waitForStandstill())
         return false;
     m_operator.picture(name("pallet-position"));
     return m_operator.touch(name("returnNavigationBtn3"));
@@ -402,20 +402,10 @@ bool PalletTour::jog(const char *key)
         && m_operator.letGo(name(key));
 }
 
-bool PalletTour::waitForLivePosition()
-{
-    int told = 0;
-    QObject context;
-    QObject::connect(Robot::getInstance(), &Robot::receive_moreRobot_CurPosition, &context,
-                     [&told] { ++told; });
-    // the first may have been under way while the arm still moved
-    return m_operator.waitFor(name("the position of the arm"), [&told] { return told >= 2; });
-}
-
 bool PalletTour::mark(int point)
 {
     const Point &row = kPoints[point];
-    if ((row.jogKey && !jog(row.jogKey)) || !waitForLivePosition()
+    if ((row.jogKey && !jog(row.jogKey)) || !m_operator.waitForStandstill()
         || !m_operator.touch(name(row.mark)))
         return false;
     m_taught[point] = placeOf(m_operator, row.labels);

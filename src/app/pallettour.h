@@ -34,8 +34,6 @@ private:
 
     bool enable();
     bool jog(const char *key);
-    /// Waits until the position on the page is where the arm has come to rest.
-    bool waitForLivePosition();
     bool mark(int point);
     bool driveTo(int point);
     bool answer(const QString &pictureName);
