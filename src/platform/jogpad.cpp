@@ -35,6 +35,9 @@ JogPad::JogPad(QWidget *parent) : QWidget(parent), m_coordinateKey(new QPushButt
     m_coordinateKey->setFocusPolicy(Qt::NoFocus);
     m_coordinateKey->setFixedHeight(kKeyHeight);
     m_coordinateKey->setMinimumWidth(kKeyWidth);
+    QFont small = m_coordinateKey->font();
+    small.setPointSize(10); // a word on a key of half the column's width
+    m_coordinateKey->setFont(small);
     m_coordinateKey->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
     connect(m_coordinateKey, &QPushButton::clicked, this, [this] {
         release();

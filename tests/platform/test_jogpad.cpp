@@ -7,6 +7,7 @@
 #include "helpers.h"
 #include "jogpad.h"
 #include "keycolumn.h"
+#include "language.h"
 #include "linklamp.h"
 #include "morerobot.h"
 #include "pendantstyle.h"
@@ -117,6 +118,33 @@ private slots:
                         ->text()
                         .startsWith(cartesian ? last : QStringLiteral("J%1").arg(axes)));
             support::click(window.get(), "jogCoordinate");
+        }
+    }
+
+    /// The words of all keys of the column stand clear of the keys' edges.
+    void wordsFitTheirKeys()
+    {
+        constexpr int kEdge = 2;
+        status(12);
+        support::click(window.get(), "jogToggle");
+        for (const char *language : {"en", "zh"}) {
+            QVERIFY(Language::getInstance()->setCurrent(QString::fromLatin1(language)));
+            for (int coordinates = 0; coordinates < 2; ++coordinates) {
+                QCoreApplication::processEvents();
+                for (const QAbstractButton *one :
+                     find<KeyColumn>("keyColumn")->findChildren<QAbstractButton *>()) {
+                    if (!one->isVisible())
+                        continue;
+                    const QSize words = one->fontMetrics().size(0, one->text());
+                    QVERIFY2(words.width() <= one->width() - 2 * kEdge
+                                 && words.height() <= one->height() - 2 * kEdge,
+                             qPrintable(QStringLiteral("%1: %2 of %3")
+                                            .arg(one->objectName())
+                                            .arg(words.width())
+                                            .arg(one->width())));
+                }
+                support::click(window.get(), "jogCoordinate");
+            }
         }
     }
 
