@@ -13,11 +13,6 @@ constexpr double kJogTip = 100.0; // mm/s
 constexpr double kJogTurn = angles::toRadians(15.0); // per second
 constexpr int kFirstAngle = 3; // of a pose
 
-double distance(const Pose &from, const Pose &to)
-{
-    return std::hypot(std::hypot(to[0] - from[0], to[1] - from[1]), to[2] - from[2]);
-}
-
 } // namespace
 
 Arm::Arm(int type) : m_model(type), m_joints(m_model.home()) { }
@@ -107,7 +102,20 @@ double Arm::share(const Joints &wanted, double seconds, const ArmSpeed &speed) c
     return part;
 }
 
-/// As far on the straight way of the axes to `wanted` as axes and flange may come in that time.
+/// How far the flange or the tip that moves most comes from one pose to the other, in mm.
+double Arm::way(const Pose &from, const Pose &to) const
+{
+    const KDL::Vector moved(to[0] - from[0], to[1] - from[1], to[2] - from[2]);
+    const KDL::Rotation before = toFrame(from).M;
+    const KDL::Rotation after = toFrame(to).M;
+    double farthest = moved.Norm();
+    for (const KDL::Vector &tip : m_tips)
+        farthest = std::max(farthest, (moved + after * tip - before * tip).Norm());
+    return farthest;
+}
+
+/// As far on the straight way of the axes to `wanted` as axes, flange and tips may come in that
+/// time.
 Joints Arm::limited(const Joints &wanted, double seconds, const ArmSpeed &speed) const
 {
     const Pose from = pose();
@@ -118,12 +126,12 @@ Joints Arm::limited(const Joints &wanted, double seconds, const ArmSpeed &speed)
             for (size_t i = 0; i < reached.size(); ++i)
                 reached[i] = m_joints[i] + part * (wanted[i] - m_joints[i]);
         }
-        const double way = distance(from, m_model.pose(reached));
+        const double farthest = way(from, m_model.pose(reached));
         const double most = speed.tip * seconds;
-        if (way <= most)
+        if (farthest <= most)
             return reached;
         // a little short of it, so that the bend of the way does not make this endless
-        part *= 0.999 * most / way;
+        part *= 0.999 * most / farthest;
     }
 }
 

@@ -2,9 +2,12 @@
 
 #include "simulator/armmodel.h"
 
+#include <utility>
+#include <vector>
+
 /// How fast an arm may go.
 struct ArmSpeed {
-    double tip; ///< mm/s at the flange, also the most of a linear axis
+    double tip; ///< mm/s at the flange and at every tip, also the most of a linear axis
     double turn; ///< rad/s of a turning axis
 };
 
@@ -31,6 +34,9 @@ public:
     explicit Arm(int type = 1);
     /// Becomes an arm of another kinematic type, at its home position.
     void setType(int type);
+    /// The tips, as seen from the flange in mm, that are held to the speed as the flange is. A
+    /// controller that is not told which tool is in use names them all.
+    void setTips(std::vector<KDL::Vector> tips) { m_tips = std::move(tips); }
 
     const ArmModel &model() const { return m_model; }
     const Joints &joints() const { return m_joints; }
@@ -54,9 +60,11 @@ private:
     const char *jogPose(double seconds, const ArmSpeed &speed);
     Joints limited(const Joints &wanted, double seconds, const ArmSpeed &speed) const;
     double share(const Joints &wanted, double seconds, const ArmSpeed &speed) const;
+    double way(const Pose &from, const Pose &to) const;
 
     ArmModel m_model;
     Joints m_joints;
+    std::vector<KDL::Vector> m_tips;
     Motion m_motion = Motion::None;
     Joints m_target{}; ///< of a run
     Jog m_jog; ///< under way

@@ -19,6 +19,7 @@ struct Pose {
     double operator[](size_t i) const { return values[i]; }
 };
 
+/// In metres, as the kinematics are.
 KDL::Frame toFrame(const Pose &pose);
 /// The seventh value is 0. An angle of half a turn is always told as +180 degrees.
 Pose toPose(const KDL::Frame &frame);

@@ -2,6 +2,7 @@
 
 #include "simulator/angles.h"
 #include "simulator/armwords.h"
+#include "simulator/toolframes.h"
 
 #include <algorithm>
 
@@ -11,6 +12,18 @@ constexpr ArmSpeed kTeachSpeed{240.0, angles::toRadians(30.0)};
 constexpr ArmSpeed kFullSpeed{1000.0, angles::toRadians(120.0)};
 
 } // namespace
+
+RobotCell::RobotCell()
+{
+    for (int robot = 1; robot <= kRobots; ++robot) {
+        std::vector<KDL::Vector> tips;
+        for (int tool = 1; tool <= toolframes::kTools; ++tool) {
+            const toolframes::Frame frame = toolframes::frameOf(robot, tool);
+            tips.emplace_back(frame[0], frame[1], frame[2]);
+        }
+        at(robot).arm.setTips(std::move(tips));
+    }
+}
 
 void RobotCell::setServo(bool on)
 {

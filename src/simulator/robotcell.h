@@ -13,7 +13,7 @@
 class RobotCell {
 public:
     static constexpr int kRobots = 4;
-    static constexpr int kTeach = 0; ///< the mode in which a tip must stay below 250 mm/s
+    static constexpr int kTeach = 0; ///< the mode in which each tool stays below 250 mm/s
 
     /// A motion that ended by itself before it was done.
     struct Stopped {
@@ -21,6 +21,8 @@ public:
         int robot;
         const char *word;
     };
+
+    RobotCell();
 
     bool servo() const { return m_servo; }
     void setServo(bool on);

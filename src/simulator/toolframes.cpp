@@ -1,6 +1,8 @@
 // Tool frames: nine tools per robot, each its tip as seen from the flange. No message of the
 // pendant changes them; a store that has none starts with a gripper's lengths.
 
+#include "simulator/toolframes.h"
+
 #include "link/messages.h"
 #include "simulator/angles.h"
 #include "simulator/envelope.h"
@@ -9,16 +11,9 @@
 #include "simulator/session.h"
 #include "wire/ids.h"
 
-#include <array>
-
-namespace {
-
-constexpr int kTools = 9;
-using Frame = std::array<double, 6>; ///< x, y, z in mm; a, b, c in radians
-
 /// Grippers side by side: tool 1 on the flange's axis, the others around it, a quarter turn apart.
 /// A robot's tools are 10 mm longer than those of the robot before it.
-Frame frameOf(int robot, int tool)
+toolframes::Frame toolframes::frameOf(int robot, int tool)
 {
     constexpr double kAside = 120.0;
     constexpr double kAlongX[] = {0, 1, 0, -1, 0};
@@ -30,13 +25,15 @@ Frame frameOf(int robot, int tool)
     return {x, y, z, 0.0, 0.0, c > angles::kPi ? c - 2 * angles::kPi : c};
 }
 
+namespace {
+
 const char *getToolData(Request &request)
 {
-    const std::optional<int> tool = envelope::whole(request.body, "toolNum", 1, kTools);
+    const std::optional<int> tool = envelope::whole(request.body, "toolNum", 1, toolframes::kTools);
     if (!tool)
         return "toolNum";
-    const Frame frame = frameOf(request.session.robot, *tool);
-    Frame degrees = frame;
+    const toolframes::Frame frame = toolframes::frameOf(request.session.robot, *tool);
+    toolframes::Frame degrees = frame;
     for (size_t i = 3; i < degrees.size(); ++i)
         degrees[i] = angles::toDegrees(degrees[i]);
     Json::Value reply;
