@@ -1,5 +1,7 @@
 #include "link/reply.h"
 
+#include "link/request.h"
+
 #include "eventlog.h"
 #include "morerobot.h"
 #include "robot.h"
@@ -7,7 +9,6 @@
 
 #include <QComboBox>
 #include <QCoreApplication>
-#include <QVariant>
 #include <algorithm>
 
 Reply::Reply(wire::reply::Id id, Json::Value root) : m_id(id), m_root(std::move(root)) { }
@@ -99,18 +100,11 @@ bool selectProcessNumber(QComboBox *selector, const Reply &reply)
 
 bool followRow(QComboBox *selector, int row)
 {
-    // the row that a reply has selected, until the answer to the question that this caused
-    constexpr char kFollowed[] = "followedReply";
-    const int before = selector->currentIndex();
-    if (row == before) {
-        selector->setProperty(kFollowed, QVariant());
+    const bool wasAsked = request::takeAnswer(selector, row);
+    if (row == selector->currentIndex())
         return true;
-    }
-    const QVariant followed = selector->property(kFollowed);
-    const bool awaitsAnswer = followed.isValid() && followed.toInt() == before;
-    if (awaitsAnswer && Robot::getInstance()->isConnected())
+    if (wasAsked && Robot::getInstance()->isConnected())
         return false;
-    selector->setProperty(kFollowed, row);
     selector->setCurrentIndex(row);
     return true;
 }

@@ -94,15 +94,15 @@ std::optional<Reply> anyRobot(wire::reply::Id id, const QByteArray &body);
 /// Sets `selector` to the row of the reply's process number, if it is there and at most the number
 /// of rows. There is no lower bound: 0 and below leave no row selected.
 ///
-/// Setting the row makes the page ask anew. Several requests that are under way at once, because
-/// the operator changed the number before the first answer came, would so chase each other for
-/// ever: the answer to each selects its number and asks again. So once a reply has been followed,
-/// one for yet another number is not, until the row that was selected has its own answer or the
-/// operator selects another; the result is then false, and the reply is to be dropped.
+/// Setting the row makes the page ask anew. When the operator runs through the numbers, several
+/// answers are under way at once; to follow them all would chase the numbers for ever, and each
+/// would take away the number that was chosen last. So an answer to an earlier question, for a row
+/// that the operator has left since, is not followed; the result is then false, and the reply is to
+/// be dropped.
 bool selectProcessNumber(QComboBox *selector, const Reply &reply);
 
-/// The same for a row that a reply names: sets it, unless a reply that was followed before still
-/// awaits its answer.
+/// The same for a row that a reply names: sets it, unless it is a late answer for a row that was
+/// left.
 bool followRow(QComboBox *selector, int row);
 
 /// The errors of the warning checks, shown for 5000 ms with kind 1. The two of the positions end

@@ -5,6 +5,14 @@
 #include "wire/json.h"
 
 #include <QComboBox>
+#include <QVariant>
+
+namespace {
+
+constexpr char kAskedRows[] = "askedRows"; // property of a selector: rows that await their answer
+constexpr int kMostAsked = 32;
+
+} // namespace
 
 namespace request {
 
@@ -32,6 +40,29 @@ Json::Value forText(const QComboBox *selector, const char *key)
 void send(message::Id id, const Json::Value &body)
 {
     Robot::getInstance()->sendCommandData(id, wire::writeLine(body));
+}
+
+void ask(message::Id id, QComboBox *selector)
+{
+    ask(id, selector, forRow(selector));
+}
+
+void ask(message::Id id, QComboBox *selector, const Json::Value &body)
+{
+    QVariantList rows = selector->property(kAskedRows).toList();
+    if (rows.size() >= kMostAsked)
+        rows.removeFirst(); // its answer was lost
+    rows.append(selector->currentIndex());
+    selector->setProperty(kAskedRows, rows);
+    send(id, body);
+}
+
+bool takeAnswer(QComboBox *selector, int row)
+{
+    QVariantList rows = selector->property(kAskedRows).toList();
+    const bool wasAsked = rows.removeOne(row);
+    selector->setProperty(kAskedRows, rows);
+    return wasAsked;
 }
 
 void sendEmpty(message::Id id)

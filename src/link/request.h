@@ -22,6 +22,14 @@ Json::Value forText(const QComboBox *selector, const char *key = "craftID");
 /// Sends `body` as one line of JSON.
 void send(message::Id id, const Json::Value &body);
 
+/// Sends a read of what belongs to the row of `selector`, with forRow() as its body or with `body`,
+/// and notes that an answer for that row is to come.
+void ask(message::Id id, QComboBox *selector);
+void ask(message::Id id, QComboBox *selector, const Json::Value &body);
+
+/// An answer for that row has come: whether it was asked for by ask() and not answered before.
+bool takeAnswer(QComboBox *selector, int row);
+
 /// Sends an empty body, as the reads of the laser family have it.
 void sendEmpty(message::Id id);
 

@@ -77,7 +77,7 @@ void TechnologyWidget::palletApproachParaWidget()
     showTitleAndPage(page::PalletApproach);
     showViewState(editPage(ui));
     approachWays();
-    request::send(message::GetPalletApproach, request::forRow(ui->m_pPalletCraftNum));
+    request::ask(message::GetPalletApproach, ui->m_pPalletCraftNum);
 }
 
 /// Shows the drawing of the chosen way.

@@ -143,7 +143,7 @@ void TechnologyWidget::palletOverlappingModelWidget()
     showViewState(editPage(ui));
     ui->overlapModeTab->writeHeader();
     repeatModel();
-    request::send(message::GetPalletOverlap, request::forRow(ui->m_pPalletCraftNum));
+    request::ask(message::GetPalletOverlap, ui->m_pPalletCraftNum);
 }
 
 /// The layers of a craft arrived.

@@ -86,7 +86,7 @@ void TechnologyWidget::palletWorkpieceParaWidget()
 
 void TechnologyWidget::getPalletWorkpieceParameter()
 {
-    request::send(message::GetPalletWorkpiece, request::forRow(ui->m_pPalletCraftNum));
+    request::ask(message::GetPalletWorkpiece, ui->m_pPalletCraftNum);
 }
 
 /// The workpiece of a craft arrived.

@@ -86,7 +86,7 @@ EditPage TechnologyWidget::polishPage() const
 void TechnologyWidget::showPolish()
 {
     showPage(page::PolishPara);
-    request::send(message::GetPolish, request::forRow(ui->m_pPolishCombox));
+    request::ask(message::GetPolish, ui->m_pPolishCombox);
     showViewState(polishPage());
 }
 

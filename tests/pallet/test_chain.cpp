@@ -613,6 +613,30 @@ private slots:
         QVERIFY(settle());
         QVERIFY(drive("moveToJobPoint", name("JobPoint"), 6));
     }
+
+    /// The operator runs through the numbers faster than the answers come: the pages stay on the
+    /// one that was chosen last, and each choice is asked for once.
+    void theLastChoiceStays()
+    {
+        QVERIFY(hand->touchAll({name("BtnPalletTech"), name("BtnPalletType")}));
+        QVERIFY(settle());
+        const auto runThrough = [this](const char *selector, message::Id id) {
+            constexpr int kLast = 5;
+            auto *box = child<QComboBox>(pages, selector);
+            const int asked = desk->controller->received(id);
+            for (int row = 1; row <= kLast; ++row)
+                box->setCurrentIndex(row);
+            return settle() && box->currentIndex() == kLast
+                && desk->controller->received(id) - asked == kLast;
+        };
+        QVERIFY(runThrough("m_pPalletCraftNum", message::GetPalletMode));
+        QVERIFY(hand->touch(name("BtnPalletComplete")));
+        QVERIFY(hand->touch(name("planeModelBtn")));
+        QVERIFY(settle());
+        QVERIFY(runThrough("planePicturesNumComboBox", message::GetPalletPlane));
+        QVERIFY(hand->touchAll({name("returnNavigationBtn7"), name("palletNavigationReturn")}));
+        QVERIFY(leaveToMenu());
+    }
 };
 
 QTEST_MAIN(TestChain)
