@@ -277,6 +277,12 @@ void PromptWidget::place()
         move((host->width() - width()) / 2, qMax(0, (host->height() - height()) / 2));
 }
 
+void PromptWidget::withdraw()
+{
+    if (const Kind *kind = kindOf(m_shown))
+        answer(!kind->cancel); // a piece of information has one answer only, which does nothing
+}
+
 void PromptWidget::stayOnTop()
 {
     if (m_shown == PROMPT_NONE)
@@ -375,11 +381,9 @@ bool PromptWidget::eventFilter(QObject *watched, QEvent *event)
 
 void PromptWidget::keyPressEvent(QKeyEvent *event)
 {
-    // Escape is the answer that changes nothing. Enter answers only by a focused button.
+    // Enter answers only by a focused button.
     if (event->key() == Qt::Key_Escape) {
-        const Kind *kind = kindOf(m_shown);
-        if (kind)
-            answer(!kind->cancel);
+        withdraw();
         return;
     }
     event->accept();

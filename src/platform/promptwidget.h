@@ -50,6 +50,9 @@ public:
     void ask(PromptWidget::WIDGETNAME name, const QString &text,
              std::function<void(bool confirmed)> answered);
 
+    /// Ends it with the answer that changes nothing, if it is up: who could answer is gone.
+    void withdraw();
+
     /// Lays it above everything again, if it is up.
     void stayOnTop();
 

@@ -9,6 +9,7 @@
 #include "language.h"
 #include "loginpage.h"
 #include "pagetitles.h"
+#include "promptwidget.h"
 #include "screenhost.h"
 #include "snackbarmessage.h"
 #include "statusbar.h"
@@ -192,6 +193,8 @@ void VeltrixWidgetFoundation::userChanged()
     if (App::sysUser == AUTHORITY_NONE)
         return;
     if (App::sysUser < m_lastRole) {
+        // What one user was asked is not for another with fewer rights to confirm.
+        PromptWidget::getInstance()->withdraw();
         showArea(TitleBar::Process);
         emit aboutToLowerRole();
     }

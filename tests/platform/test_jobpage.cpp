@@ -526,6 +526,40 @@ private slots:
         QCOMPARE(prompt()->currentWidget(), PromptWidget::PROMPT_DELETE_PROJECT);
     }
 
+    /// The question was put to a user with the right; another one logs in below it.
+    void aQuestionIsNotForAUserWithFewerRights()
+    {
+        UserAccounts *accounts = UserAccounts::getInstance();
+        const QString password = QStringLiteral("long enough 1");
+        const QString boss = QStringLiteral("boss");
+        const QString worker = QStringLiteral("op");
+        QString error;
+        QVERIFY2(accounts->add(boss, AUTHORITY_ADMINISTRATOR, password, &error), qPrintable(error));
+        QVERIFY2(accounts->add(worker, AUTHORITY_OPERATOR, password, &error), qPrintable(error));
+        write(QStringLiteral("A"), sampleText());
+        saveInVain(QStringLiteral("B"), 2);
+        for (const char *key : {"jobDelete", "jobDrop"}) {
+            accounts->lock();
+            accounts->logIn(boss, password);
+            QCOMPARE(App::sysUser, AUTHORITY_ADMINISTRATOR);
+            const bool isDrop = qstrcmp(key, "jobDrop") == 0;
+            MoreRobot::setCurrentRobot(isDrop ? 2 : 1);
+            openArea();
+            touch(isDrop ? QStringLiteral("B") : QStringLiteral("A"));
+            click(key);
+            QCOMPARE(prompt()->currentWidget(), PromptWidget::PROMPT_DELETE_PROJECT);
+            support::Journal journal;
+            QVERIFY(accounts->lock());
+            QCOMPARE(prompt()->currentWidget(), PromptWidget::PROMPT_DELETE_PROJECT);
+            accounts->logIn(worker, password);
+            QCOMPARE(App::sysUser, AUTHORITY_OPERATOR);
+            QCOMPARE(prompt()->currentWidget(), PromptWidget::PROMPT_NONE);
+            QVERIFY(journal.of("job").isEmpty());
+        }
+        QVERIFY(QFile::exists(store()->pathOf(1, QStringLiteral("A"))));
+        QCOMPARE(static_cast<int>(store()->unsaved().size()), 1);
+    }
+
     void aFileThatCannotBeDeleted()
     {
         write(QStringLiteral("A"), sampleText());
