@@ -126,7 +126,7 @@ void TechnologyWidget::palletSetTongsWidget()
 {
     showTitleAndPage(page::PalletGripper);
     showViewState(editPage(ui));
-    request::send(message::GetPalletGripper, request::forRow(ui->m_pPalletCraftNum));
+    request::ask(message::GetPalletGripper, ui->m_pPalletCraftNum);
 }
 
 /// Shows as many grippers as there are, and asks for the frames of all four tools.
@@ -152,7 +152,10 @@ void TechnologyWidget::updatePalletToolParameter(const QByteArray &body)
         return;
     fields::fill(kCount, ui, *reply);
     if (const Json::Value *tools = reply->array("pallet", "gripper")) {
-        const int count = std::min(gripperCount(ui), static_cast<int>(tools->size()));
+        // without a count in the reply, that on the page decides
+        const int told = reply->integer("pallet", "gripperNum").value_or(gripperCount(ui));
+        const int most = std::min<int>(std::size(kGrippers), static_cast<int>(tools->size()));
+        const int count = std::min(told, most);
         for (int i = 0; i < count; ++i) {
             if (const auto tool = wire::asInteger(&(*tools)[i]))
                 fields::selectNumber(ui->*kGrippers[i].tool, *tool);
