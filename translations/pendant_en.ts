@@ -253,10 +253,6 @@
         <translation>There is no position %1</translation>
     </message>
     <message>
-        <source>位置 %1 重复</source>
-        <translation>Position %1 is there twice</translation>
-    </message>
-    <message>
         <source>循环没有结束</source>
         <translation>The loop has no end</translation>
     </message>
@@ -283,6 +279,14 @@
     <message>
         <source>控制器报告：%1</source>
         <translation>The controller reports: %1</translation>
+    </message>
+    <message>
+        <source>%1 重复</source>
+        <translation>%1 stands twice</translation>
+    </message>
+    <message>
+        <source>%1 的顺序不对</source>
+        <translation>%1 is out of order</translation>
     </message>
 </context>
 <context>

@@ -15,7 +15,8 @@ struct JobFault {
         Field, ///< a field is missing or out of order; detail: its name
         Value, ///< a field's value cannot be read; detail: the field
         Position, ///< a position that the job does not have; detail: P1
-        PositionTwice, ///< detail: P1
+        Twice, ///< a position or a variable of the head stands twice; detail: its name
+        Order, ///< a position or a variable of the head is not in its place; detail: its name
         LoopOpen, ///< a loop has no end
         LoopEnd, ///< an end without a loop
         Condition, ///< a loop or wait without a condition, or one that makes no sense

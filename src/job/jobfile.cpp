@@ -157,8 +157,11 @@ JobFault readPosition(JobScanner &scanner, ProgramJOB &job)
     }
     if (!scanner.atEnd())
         return surplus(scanner);
+    const bool isOrdered = job.positions().empty() || job.positions().rbegin()->first < *word;
     if (!job.addPosition(position))
-        return {JobFault::PositionTwice, 0, RobotPos::nameOf(*word)};
+        return {JobFault::Twice, 0, RobotPos::nameOf(*word)};
+    if (!isOrdered || !job.variables().empty())
+        return {JobFault::Order, 0, RobotPos::nameOf(*word)};
     return {};
 }
 
@@ -168,8 +171,15 @@ JobFault readVariable(JobScanner &scanner, ProgramJOB &job)
     QString value;
     if (!scanner.read(variable) || !scanner.take(" ") || !scanner.read(value))
         return {JobFault::Value, 0, QStringLiteral("VARIABLE")};
+    if (!scanner.atEnd())
+        return surplus(scanner);
+    const ProgramJOB::Variables &variables = job.variables();
+    if (variables.count(variable) > 0)
+        return {JobFault::Twice, 0, variable};
+    if (!variables.empty() && variable < variables.rbegin()->first)
+        return {JobFault::Order, 0, variable};
     job.setVariable(variable, value);
-    return scanner.atEnd() ? JobFault() : surplus(scanner);
+    return {};
 }
 
 /// A move refers to its position by the id word; the pointer is made anew.

@@ -10,7 +10,8 @@ namespace {
 /// Nothing when the bytes are no UTF-8.
 bool decode(const char *bytes, int size, QString &value)
 {
-    if (std::all_of(bytes, bytes + size, [](char byte) { return byte >= 0; })) {
+    if (std::all_of(bytes, bytes + size,
+                    [](char byte) { return static_cast<unsigned char>(byte) < 0x80; })) {
         value = QString::fromLatin1(bytes, size);
         return true;
     }
@@ -20,6 +21,12 @@ bool decode(const char *bytes, int size, QString &value)
         return false;
     value = text;
     return true;
+}
+
+/// A byte that never stands as itself in a text.
+bool isEscaped(int byte)
+{
+    return byte < 0x20 || byte == 0x7f;
 }
 
 int hexDigit(char digit)
@@ -95,6 +102,8 @@ bool JobScanner::read(QString &value)
     const char *at = m_at + 1;
     const char *plain = at; // what is not yet in `bytes`
     for (; at < m_end && *at != '"'; ++at) {
+        if (isEscaped(static_cast<unsigned char>(*at)))
+            return false;
         if (*at != '\\')
             continue;
         bytes.append(plain, static_cast<int>(at - plain));
@@ -103,7 +112,10 @@ bool JobScanner::read(QString &value)
             bytes.append(at[1]);
             at += 1;
         } else if (left >= 4 && at[1] == 'x' && hexDigit(at[2]) >= 0 && hexDigit(at[3]) >= 0) {
-            bytes.append(static_cast<char>(hexDigit(at[2]) * 16 + hexDigit(at[3])));
+            const int byte = hexDigit(at[2]) * 16 + hexDigit(at[3]);
+            if (!isEscaped(byte))
+                return false;
+            bytes.append(static_cast<char>(byte));
             at += 3;
         } else {
             return false;

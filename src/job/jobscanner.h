@@ -22,7 +22,8 @@ public:
     bool read(int &value);
     bool read(unsigned char &value);
     bool read(double &value);
-    /// In quotes; \" \\ and \xHH stand for one byte each, and the whole is UTF-8.
+    /// In quotes, UTF-8; \" and \\ stand for these two, \xHH for one byte below 0x20 or 0x7f, none
+    /// of which stands as itself.
     bool read(QString &value);
 
 private:

@@ -15,8 +15,15 @@ std::optional<int> RobotPos::wordOf(std::string_view name)
     return wordOf(name[0], number);
 }
 
+bool RobotPos::isWord(int word)
+{
+    return (word >> 16) >= 'A' && (word >> 16) <= 'Z';
+}
+
 QString RobotPos::nameOf(int word)
 {
+    if (!isWord(word))
+        return QString::number(word);
     return QLatin1Char(static_cast<char>(word >> 16)) + QString::number(word & 0xffff);
 }
 

@@ -20,7 +20,9 @@ struct RobotPos {
     /// The id word of a position's name, "P1": one capital letter and a number without leading
     /// zeros; nothing for anything else.
     static std::optional<int> wordOf(std::string_view name);
-    /// The name of a position, "P1", by its id word.
+    /// Whether an id word names a position: a capital letter and a number.
+    static bool isWord(int word);
+    /// The name of a position, "P1", by its id word; the bare number for a word that names none.
     static QString nameOf(int word);
 
     /// The position that fourteen texts make; nothing for any other count. A text that is no finite

@@ -264,7 +264,35 @@ private slots:
             QStringLiteral("0"));
         row("position twice",
             "JBR 1\nPOSITION P1 kind=80" + zeros + "\nPOSITION P1 kind=80" + zeros + "\n", 3,
-            "PositionTwice", QStringLiteral("P1"));
+            "Twice", QStringLiteral("P1"));
+        row("position out of order",
+            "JBR 1\nPOSITION P2 kind=80" + zeros + "\nPOSITION P1 kind=80" + zeros + "\n", 3,
+            "Order", QStringLiteral("P1"));
+        row("position behind a variable",
+            "JBR 1\nVARIABLE \"I001\" \"1\"\nPOSITION P1 kind=80" + zeros + "\n", 3, "Order",
+            QStringLiteral("P1"));
+        row("variable twice", "JBR 1\nVARIABLE \"I001\" \"1\"\nVARIABLE \"I001\" \"2\"\n", 3,
+            "Twice", QStringLiteral("I001"));
+        row("variable out of order", "JBR 1\nVARIABLE \"I002\" \"1\"\nVARIABLE \"I001\" \"2\"\n", 3,
+            "Order", QStringLiteral("I001"));
+        const char *const odd[] = {"raw tab",
+                                   "\t",
+                                   "raw carriage return",
+                                   "\r",
+                                   "raw delete",
+                                   "\x7f",
+                                   "escaped letter",
+                                   "\\x41",
+                                   "escaped UTF-8",
+                                   "\\xe5\\x8f\\x96"};
+        for (std::size_t i = 0; i < std::size(odd); i += 2) {
+            row(odd[i],
+                head + "TIMER duration=1 durationText=\"a" + odd[i + 1] + "b\" reserved1=0\nEND\n",
+                3, "Value", QStringLiteral("durationText"));
+        }
+        row("raw zero",
+            head + QByteArray("TIMER duration=1 durationText=\"a\0b\"", 35) + " reserved1=0\nEND\n",
+            3, "Value", QStringLiteral("durationText"));
         row("position among the commands", head + "POSITION P1 kind=80" + zeros + "\nEND\n", 3,
             "UnknownCommand", QStringLiteral("POSITION"));
         row("variable without value", "JBR 1\nVARIABLE \"I001\"\n", 2, "Value",
