@@ -57,7 +57,7 @@ bool JobEdit::setCmdPosValue(Command *command, const QString &text, bool isJoint
 {
     auto *move = dynamic_cast<MoveCommand *>(command);
     const auto values = sevenNumbers(text);
-    if (!m_job || !move || !values)
+    if (!m_job || !move || !values || !RobotPos::isWord(move->positionId))
         return false;
     RobotPos position;
     position.id = move->positionId;

@@ -10,6 +10,7 @@
 #include <QFileInfo>
 #include <QStandardPaths>
 #include <algorithm>
+#include <array>
 
 namespace {
 
@@ -26,10 +27,31 @@ QString writeFile(const QString &path, const QByteArray &text)
     return writeWholeFile(path, text);
 }
 
+/// Characters that show nothing though their category says nothing of it: fillers, joiners and
+/// variation selectors (the others that Unicode calls default-ignorable are of the category Format
+/// or unassigned), and the braille pattern without a dot.
+bool isInvisible(uint character)
+{
+    static constexpr std::array<std::array<uint, 2>, 9> kRanges = {{{0x034f, 0x034f},
+                                                                    {0x115f, 0x1160},
+                                                                    {0x17b4, 0x17b5},
+                                                                    {0x180b, 0x180f},
+                                                                    {0x2800, 0x2800},
+                                                                    {0x3164, 0x3164},
+                                                                    {0xfe00, 0xfe0f},
+                                                                    {0xffa0, 0xffa0},
+                                                                    {0xe0100, 0xe01ef}}};
+    return std::any_of(kRanges.begin(), kRanges.end(), [character](const auto &range) {
+        return character >= range[0] && character <= range[1];
+    });
+}
+
 /// Letters, digits, marks, punctuation, symbols and blanks; nothing that is invisible or
 /// unassigned.
 bool isPlainCharacter(uint character)
 {
+    if (isInvisible(character))
+        return false;
     switch (QChar::category(character)) {
     case QChar::Other_Control:
     case QChar::Other_Format:
@@ -81,7 +103,7 @@ bool JobStore::isValidName(const QString &name)
 {
     static const QString forbidden = QStringLiteral("/\\:*?\"<>|");
     if (name.isEmpty() || name != name.trimmed() || name.startsWith(QLatin1Char('.'))
-        || name.endsWith(QLatin1Char('.')))
+        || name.endsWith(QLatin1Char('.')) || name.at(0).isMark())
         return false;
     if (!name.isValidUtf16() || name.toUtf8().size() > kMaxNameBytes
         || name != name.normalized(QString::NormalizationForm_C))
@@ -112,9 +134,9 @@ QVector<JobStore::File> JobStore::files(int robot) const
 
 QString JobStore::save(int robot, const QString &name, const QByteArray &text)
 {
-    if (robot < 1 || robot > MoreRobot::kRobots || !isValidName(name))
-        return tr("名称 %1 不能用作文件名").arg(name);
-    const QString reason = writeFile(pathOf(robot, name), text);
+    const bool hasPlace = robot >= 1 && robot <= MoreRobot::kRobots && isValidName(name);
+    const QString reason =
+        hasPlace ? writeFile(pathOf(robot, name), text) : tr("名称 %1 不能用作文件名").arg(name);
     const int kept = indexOfUnsaved(robot, name);
     if (kept >= 0)
         m_unsaved.remove(kept);

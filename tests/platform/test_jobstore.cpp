@@ -7,6 +7,7 @@
 #include "jobfile.h"
 #include "jobmanager.h"
 #include "movecommand.h"
+#include "snackbarmessage.h"
 #include "timercommand.h"
 #include "varcommand.h"
 
@@ -109,6 +110,15 @@ private slots:
         row("half a pair", QString("a") + QChar(0xd800), false);
         row("not composed", QString("e") + QChar(0x0301), false);
         row("composed", QString(QChar(0xe9)), true);
+        row("mark of its own", QString("x") + QChar(0x0301), true);
+        row("mark without a letter", QString(QChar(0x0301)), false);
+        row("filler", QString(QChar(0x3164)), false);
+        row("narrow filler", QString("a") + QChar(0xffa0), false);
+        row("braille without a dot", QString(QChar(0x2800)), false);
+        row("variation selector", QString("a") + QChar(0xfe0f), false);
+        row("Mongolian variation selector", QString("a") + QChar(0x180b), false);
+        row("variation selector of the supplement", QString::fromUtf8("a\xf3\xa0\x84\x80"), false);
+        row("joiner of graphemes", QString("a") + QChar(0x034f) + "b", false);
     }
 
     void fileNames()
@@ -290,6 +300,12 @@ private slots:
             QVERIFY2(!editor.setCmdPosValue(&move, text, true), text);
             QVERIFY(!move.position && !editor.currentJob()->getPosition('P', 4));
         }
+        for (const int word : {0, 5, 1 << 16, -1, 0x100 << 16}) { // name no position
+            move.positionId = word;
+            QVERIFY(!editor.setCmdPosValue(&move, "1 2 3 4 5 6 7", true));
+            QVERIFY(!move.position && editor.currentJob()->positions().empty());
+        }
+        move.positionId = RobotPos::wordOf('P', 4);
         QVERIFY(!editor.setCmdPosValue(nullptr, "1 2 3 4 5 6 7", true));
         TimerCommand timer;
         QVERIFY(!editor.setCmdPosValue(&timer, "1 2 3 4 5 6 7", true));
@@ -306,6 +322,41 @@ private slots:
         QVERIFY(editor.setCmdPosValue(&move, "1 2 3 4 5 6 7", false));
         QCOMPARE(move.position->values[0], 1.0);
         QCOMPARE(move.position->values[7], 0.0);
+    }
+
+    /// A job whose name is none is kept like any other that cannot be stored.
+    void aJobWithoutAPlace()
+    {
+        for (const char *name : {"../x", ""}) {
+            JobEdit editor;
+            editor.newJob(name);
+            QVERIFY(!editor.storeJob());
+            QCOMPARE(static_cast<int>(store()->unsaved().size()), 1);
+            QCOMPARE(store()->unsaved().first().name, QString::fromLatin1(name));
+            QVERIFY(!store()->unsaved().first().reason.isEmpty());
+            QVERIFY(!store()->saveAgain(1, name).isEmpty());
+            QCOMPARE(static_cast<int>(store()->unsaved().size()), 1);
+            store()->drop(1, name);
+            QVERIFY(store()->unsaved().isEmpty());
+        }
+        QVERIFY(!store()->save(7, "x", "text").isEmpty());
+        QVERIFY(!QFile::exists(store()->pathOf(7, "x")));
+        SnackbarMessage::dismissAll();
+    }
+
+    /// More than a job can be is not read into the memory.
+    void aFileThatIsTooLarge()
+    {
+        QVERIFY(store()->save(1, "large", "text").isEmpty());
+        QFile file(store()->pathOf(1, "large"));
+        QString error;
+        QVERIFY(file.resize(jobfile::kMaxBytes + 1)); // takes no room on the disk
+        QVERIFY(store()->read(1, "large", &error).isEmpty());
+        QCOMPARE(error, QStringLiteral("文件太大"));
+        QVERIFY(file.resize(4));
+        error.clear();
+        QCOMPARE(store()->read(1, "large", &error), QByteArray("text"));
+        QCOMPARE(error, QString());
     }
 
     /// What the controller says of a job belongs to the file it was handed.
