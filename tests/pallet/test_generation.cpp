@@ -7,6 +7,7 @@
 #include "jobedit.h"
 #include "jobfile.h"
 #include "jobmanager.h"
+#include "language.h"
 #include "snackbarmessage.h"
 
 #include <QDir>
@@ -315,8 +316,11 @@ private slots:
     void values_data()
     {
         QTest::addColumn<bool>("depalletise");
-        QTest::newRow("palletise") << false;
-        QTest::newRow("depalletise") << true;
+        QTest::addColumn<QString>("path"); ///< the switch that is on
+        QTest::newRow("palletise, x and y") << false << "xyPathOptimization";
+        QTest::newRow("palletise, z") << false << "zPathOptimization";
+        QTest::newRow("depalletise, x and y") << true << "xyPathOptimization";
+        QTest::newRow("depalletise, z") << true << "zPathOptimization";
     }
 
     /// Values 0, the count variables, the other type of end variable, and the path switches.
@@ -336,10 +340,13 @@ private slots:
         choose(pages, "totalVariable", 989);
         choose(pages, "layerVariabletype", 1);
         choose(pages, "layerVariable", 6);
+        choose(pages, "stackVariabletype", 2);
+        choose(pages, "stackVariable", 41);
         choose(pages, "paloffVariabletype", 1);
         choose(pages, "paloffVariable", 11);
         click(pages, "createdFilePagedownBtn4");
-        click(pages, "xyPathOptimization");
+        QFETCH(QString, path);
+        click(pages, qPrintable(path));
         finish();
         const auto job = read().job;
         QVERIFY(job);
@@ -352,7 +359,7 @@ private slots:
         QCOMPARE(start->palFunction, depalletise ? 1 : 0);
         QCOMPARE(start->totalName, QStringLiteral("GI990"));
         QCOMPARE(start->layerName, QStringLiteral("I007"));
-        QCOMPARE(start->stackName, QStringLiteral("[-]"));
+        QCOMPARE(start->stackName, QStringLiteral("GI042"));
         const auto *inner = at<WHILECommand>(*job, 6);
         QCOMPARE(inner->condition->operandName, QStringLiteral("DIN16"));
         QCOMPARE(inner->condition->operandPort, 16);
@@ -372,12 +379,95 @@ private slots:
             QCOMPARE(pal->craftNumber, 2);
             const bool isEntry = pal->type == Command::PalToEntry;
             entries += isEntry ? 1 : 0;
-            QCOMPARE(pal->xyPathOptimization, isEntry ? 1 : 0);
-            QCOMPARE(pal->zPathOptimization, 0);
+            const bool isZ = path.startsWith(QLatin1Char('z'));
+            QCOMPARE(pal->xyPathOptimization, isEntry && !isZ ? 1 : 0);
+            QCOMPARE(pal->zPathOptimization, isEntry && isZ ? 1 : 0);
             QCOMPARE(pal->stepFlag, pal->type == Command::PalStep ? 1 : 0);
             QCOMPARE(pal->palOffName == QLatin1String("GB012"), pal->type == Command::PalOff);
         }
         QCOMPARE(entries, 1);
+    }
+
+    /// What the box of the function reads when the key is pressed counts, not what it read on the
+    /// first page.
+    void theFunctionAsItReadsNow()
+    {
+        for (const bool depalletise : {true, false}) {
+            const QByteArray name = depalletise ? "TURNED1" : "TURNED2";
+            collect(*m_wizard, {!depalletise, 0, 0}, name.constData());
+            choose(m_pages.get(), "palletFunctioncomboBox", depalletise ? 1 : 0);
+            finish();
+            const auto job = read(name.constData()).job;
+            QVERIFY(job);
+            QCOMPARE(words(*job).at(4), depalletise ? QString("PalToEntry") : QString("MovJ"));
+            QCOMPARE(at<PALCommand>(*job, 3)->palFunction, depalletise ? 1 : 0);
+        }
+    }
+
+    /// A function that is neither makes no job; what follows is the same.
+    void noSuchFunction()
+    {
+        collect(*m_wizard, {});
+        QComboBox *function = box(m_pages.get(), QStringLiteral("palletFunctioncomboBox"));
+        function->addItem(QStringLiteral("拆码"));
+        function->setCurrentIndex(function->count() - 1);
+        const Journal course;
+        finish();
+        function->setCurrentIndex(0);
+        function->removeItem(function->count() - 1);
+        QCOMPARE(course.kinds(), (QStringList{"log", "log", "log", "toast"}));
+        QCOMPARE(course.of("toast").at(0).at(0).toString(), kMade);
+        QVERIFY(JobStore::getInstance()->files(1).isEmpty());
+        QCOMPARE(m_pages->currentIndex(), kPallet);
+    }
+
+    /// The job does not depend on the language that the pages are in.
+    void theOtherLanguage_data()
+    {
+        QTest::addColumn<bool>("depalletise");
+        QTest::newRow("palletise") << false;
+        QTest::newRow("depalletise") << true;
+    }
+
+    void theOtherLanguage()
+    {
+        QFETCH(bool, depalletise);
+        const Choice choice = {depalletise, 4, 5};
+        const auto makeIn = [&](const char *language, const char *job) {
+            if (!Language::getInstance()->setCurrent(QString::fromLatin1(language)))
+                return QString();
+            collect(*m_wizard, choice, job);
+            choose(m_pages.get(), "middleProcess", 1);
+            finish();
+            return stored(job);
+        };
+        const QString chinese = makeIn("zh", "ZH");
+        const QString english = makeIn("en", "EN");
+        const QString made = SnackbarMessage::shownTexts().join(QLatin1Char('\n'));
+        QVERIFY(Language::getInstance()->setCurrent(QStringLiteral("zh")));
+        QVERIFY(!chinese.isEmpty());
+        QCOMPARE(english, chinese);
+        QVERIFY2(made.contains(QStringLiteral("Palletising program generated")), qPrintable(made));
+        SnackbarMessage::dismissAll();
+    }
+
+    /// No builder does anything while no job is being edited.
+    void buildersWithoutAJob()
+    {
+        TechnologyWidget pages(nullptr);
+        QVERIFY(!pages.jobEditor()->currentJob());
+        const Journal course;
+        int line = 1;
+        pages.insertMoveCmd(0, 0, 1, 1, QStringLiteral("1 2 3 4 5 6 7"));
+        pages.insertPalCmd(1, 1, 1, QStringLiteral("MovJ"));
+        pages.insertBoolCmd(1);
+        pages.insertIntCmd(1, 0);
+        pages.insertWhileCmd(0, line, 0, 0);
+        pages.insertWaitCmd(1, 1, 1);
+        pages.insertDoutCmd(1, 1, 1);
+        pages.insertTimerCmd(QStringLiteral("1"), 1);
+        QCOMPARE(course.kinds(), QStringList());
+        QVERIFY(!pages.jobEditor()->currentJob());
     }
 
     /// The second move to P2 refers to the position of the first.
@@ -404,11 +494,11 @@ private slots:
         finish();
         const QStringList kinds = course.kinds();
         QCOMPARE(kinds, (QStringList{"log", "log", "log", "job", "job", "job", "toast"}));
-        QCOMPARE(course.of("log").at(0), (QVariantList{QStringLiteral("31 32 33 34 35 36 37"), 0}));
+        QCOMPARE(course.of("log").at(0), (QVariantList{QStringLiteral("31 32 33 34 35 36 37"), 1}));
         QCOMPARE(course.of("log").at(1),
-                 (QVariantList{QStringLiteral("21.5 22 23 24 25 26 27"), 0}));
+                 (QVariantList{QStringLiteral("21.5 22 23 24 25 26 27"), 1}));
         QCOMPARE(course.of("log").at(2),
-                 (QVariantList{QStringLiteral("-11 12 13 14 15 16 0.001"), 0}));
+                 (QVariantList{QStringLiteral("-11 12 13 14 15 16 0.001"), 1}));
         QCOMPARE(course.of("job").at(0),
                  (QVariantList{QStringLiteral("newJob"), QStringLiteral("JOB1")}));
         QCOMPARE(course.of("job").at(1),

@@ -72,7 +72,7 @@ void TechnologyWidget::on_createdFileFinishBtn_clicked()
     upperPointText = joined(programInformation.points[ProgramInformation::Upper]);
     safePointText = joined(programInformation.points[ProgramInformation::Safe]);
     for (const QString &text : {getPointText, upperPointText, safePointText})
-        PrintLog::OutputToLog(text, 0);
+        PrintLog::OutputToLog(text, 1);
     const QString function = ui->palletFunctioncomboBox->currentText();
     if (function == tr("码垛"))
         createJobFile();
