@@ -227,8 +227,22 @@ void TechnologyWidget::palletPlaneModelWidget()
     if (ui->planePicturesNumComboBox->currentIndex() <= Custom)
         ui->planePatternTemplate->setCurrentIndex(ui->planePicturesNumComboBox->currentIndex());
     changePlanePicturesNum();
-    ui->planeTopWidget->show();
-    ui->planeFootWidget->show();
+    // what another view of the graphic may have hidden
+    const QVector<QWidget *> shown = {ui->planeTopWidget,
+                                      ui->planeFootWidget,
+                                      ui->label_325,
+                                      ui->label_326,
+                                      ui->label_327,
+                                      ui->label_328,
+                                      ui->technologyNumber_7,
+                                      ui->planePicturesNumComboBox,
+                                      ui->planeTemplateComboBox,
+                                      ui->xDirectionMoveDistance,
+                                      ui->yDirectionMoveDistance,
+                                      ui->autoTransLenX,
+                                      ui->autoTransLenY};
+    for (QWidget *widget : shown)
+        widget->show();
     ui->planeModifyBtn->setEnabled(true);
 }
 
@@ -249,7 +263,7 @@ void TechnologyWidget::changePlanePicturesNum()
         (ui->*row.wholeRotation)->setCurrentIndex(0);
         (ui->*row.singleRotation)->setCurrentIndex(0);
     }
-    request::send(message::GetPalletPlane, planeRequest());
+    request::ask(message::GetPalletPlane, ui->planePicturesNumComboBox, planeRequest());
 }
 
 void TechnologyWidget::planeTemplateSelectionWidget()
