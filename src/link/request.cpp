@@ -49,10 +49,13 @@ void ask(message::Id id, QComboBox *selector)
 
 void ask(message::Id id, QComboBox *selector, const Json::Value &body)
 {
-    QVariantList rows = selector->property(kAskedRows).toList();
-    if (rows.size() >= kMostAsked)
-        rows.removeFirst(); // its answer was lost
-    rows.append(selector->currentIndex());
+    QVariantList rows;
+    if (Robot::getInstance()->isConnected()) { // else nothing is answered any more
+        rows = selector->property(kAskedRows).toList();
+        if (rows.size() >= kMostAsked)
+            rows.removeFirst(); // its answer was lost
+        rows.append(selector->currentIndex());
+    }
     selector->setProperty(kAskedRows, rows);
     send(id, body);
 }
