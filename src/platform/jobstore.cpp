@@ -10,7 +10,7 @@
 #include <QFileInfo>
 #include <QStandardPaths>
 #include <algorithm>
-#include <array>
+#include <iterator>
 
 namespace {
 
@@ -27,22 +27,29 @@ QString writeFile(const QString &path, const QByteArray &text)
     return writeWholeFile(path, text);
 }
 
-/// Characters that show nothing though their category says nothing of it: fillers, joiners and
-/// variation selectors (the others that Unicode calls default-ignorable are of the category Format
-/// or unassigned), and the braille pattern without a dot.
+struct CodeRange {
+    char32_t first;
+    char32_t last;
+};
+
+/// Characters that show nothing though their category says nothing of it. The others that Unicode
+/// calls default-ignorable are of the category Format or unassigned.
+constexpr CodeRange kInvisible[] = {
+    {U'\u034f', U'\u034f'}, // joiner of graphemes
+    {U'\u115f', U'\u1160'}, // fillers
+    {U'\u17b4', U'\u17b5'}, // vowels without a form
+    {U'\u180b', U'\u180f'}, // variation selectors
+    {U'\u2800', U'\u2800'}, // braille pattern without a dot
+    {U'\u3164', U'\u3164'}, // filler
+    {U'\ufe00', U'\ufe0f'}, // variation selectors
+    {U'\uffa0', U'\uffa0'}, // filler
+    {U'\U000e0100', U'\U000e01ef'}, // variation selectors
+};
+
 bool isInvisible(uint character)
 {
-    static constexpr std::array<std::array<uint, 2>, 9> kRanges = {{{0x034f, 0x034f},
-                                                                    {0x115f, 0x1160},
-                                                                    {0x17b4, 0x17b5},
-                                                                    {0x180b, 0x180f},
-                                                                    {0x2800, 0x2800},
-                                                                    {0x3164, 0x3164},
-                                                                    {0xfe00, 0xfe0f},
-                                                                    {0xffa0, 0xffa0},
-                                                                    {0xe0100, 0xe01ef}}};
-    return std::any_of(kRanges.begin(), kRanges.end(), [character](const auto &range) {
-        return character >= range[0] && character <= range[1];
+    return std::any_of(std::begin(kInvisible), std::end(kInvisible), [=](const CodeRange &range) {
+        return character >= range.first && character <= range.last;
     });
 }
 
