@@ -44,28 +44,32 @@ void send(message::Id id, const Json::Value &body)
 
 void ask(message::Id id, QComboBox *selector)
 {
-    ask(id, selector, forRow(selector));
+    ask(id, {selector}, forRow(selector));
 }
 
-void ask(message::Id id, QComboBox *selector, const Json::Value &body)
+void ask(message::Id id, std::initializer_list<QComboBox *> selectors, const Json::Value &body)
 {
-    QVariantList rows;
-    if (Robot::getInstance()->isConnected()) { // else nothing is answered any more
-        rows = selector->property(kAskedRows).toList();
-        if (rows.size() >= kMostAsked)
+    const bool isAnswered = Robot::getInstance()->isConnected();
+    for (QComboBox *selector : selectors) {
+        QVariantList rows = selector->property(kAskedRows).toList();
+        if (!isAnswered)
+            rows.clear(); // nor is what was asked before
+        else if (rows.size() >= kMostAsked)
             rows.removeFirst(); // its answer was lost
-        rows.append(selector->currentIndex());
+        if (isAnswered)
+            rows.append(selector->currentIndex());
+        selector->setProperty(kAskedRows, rows);
     }
-    selector->setProperty(kAskedRows, rows);
     send(id, body);
 }
 
 bool takeAnswer(QComboBox *selector, int row)
 {
     QVariantList rows = selector->property(kAskedRows).toList();
-    const bool wasAsked = rows.removeOne(row);
+    if (!rows.removeOne(row))
+        return false;
     selector->setProperty(kAskedRows, rows);
-    return wasAsked;
+    return true;
 }
 
 void sendEmpty(message::Id id)

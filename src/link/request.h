@@ -2,6 +2,7 @@
 
 #include "link/messages.h"
 
+#include <initializer_list>
 #include <json/json.h>
 
 class QComboBox;
@@ -22,10 +23,11 @@ Json::Value forText(const QComboBox *selector, const char *key = "craftID");
 /// Sends `body` as one line of JSON.
 void send(message::Id id, const Json::Value &body);
 
-/// Sends a read of what belongs to the row of `selector`, with forRow() as its body or with `body`,
-/// and notes that an answer for that row is to come.
+/// Sends a read of what belongs to the row of `selector`, with forRow() as its body, and notes that
+/// an answer for that row is to come.
 void ask(message::Id id, QComboBox *selector);
-void ask(message::Id id, QComboBox *selector, const Json::Value &body);
+/// The same with a body of its own, for the rows of several.
+void ask(message::Id id, std::initializer_list<QComboBox *> selectors, const Json::Value &body);
 
 /// An answer for that row has come: whether it was asked for by ask() and not answered before.
 bool takeAnswer(QComboBox *selector, int row);

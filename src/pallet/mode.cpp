@@ -248,7 +248,7 @@ void TechnologyWidget::confirmPalletMode(int mode)
     SnackbarMessage::showMessage(tr(kSwitches[mode].done), 3000, 1, true);
     const Json::Value body = setMode(ui, mode);
     request::send(message::SetPalletMode, body);
-    request::ask(message::GetPalletMode, ui->m_pPalletCraftNum, body);
+    request::ask(message::GetPalletMode, {ui->m_pPalletCraftNum}, body);
     openPalletMode(mode);
 }
 

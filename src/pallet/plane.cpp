@@ -263,7 +263,8 @@ void TechnologyWidget::changePlanePicturesNum()
         (ui->*row.wholeRotation)->setCurrentIndex(0);
         (ui->*row.singleRotation)->setCurrentIndex(0);
     }
-    request::ask(message::GetPalletPlane, ui->planePicturesNumComboBox, planeRequest());
+    request::ask(message::GetPalletPlane, {ui->m_pPalletCraftNum, ui->planePicturesNumComboBox},
+                 planeRequest());
 }
 
 void TechnologyWidget::planeTemplateSelectionWidget()
@@ -282,12 +283,13 @@ void TechnologyWidget::planeTemplateSelectionWidget()
 /// reply is to be dropped.
 bool TechnologyWidget::fillPlaneHead(const Reply &plane)
 {
-    if (const auto craft = plane.integer("craftID"))
-        setRow(ui->m_pPalletCraftNum, std::max(*craft, 0) - 1);
-    if (const auto graphic = plane.integer("graphic")) {
-        if (!reply::followRow(ui->planePicturesNumComboBox, std::max(*graphic, 0) - 1))
-            return false;
-    }
+    const auto follow = [&plane](QComboBox *selector, const char *key) {
+        const std::optional<int> number = plane.integer(key);
+        return !number || reply::followRow(selector, std::max(*number, 0) - 1);
+    };
+    if (!follow(ui->m_pPalletCraftNum, "craftID")
+        || !follow(ui->planePicturesNumComboBox, "graphic"))
+        return false;
     if (const auto type = plane.integer("pallet", "graphicType"))
         setRow(ui->planeTemplateComboBox, *type);
     if (const auto x = plane.number("pallet", "transLenX"))

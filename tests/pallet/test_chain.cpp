@@ -637,6 +637,50 @@ private slots:
         QVERIFY(hand->touchAll({name("returnNavigationBtn7"), name("palletNavigationReturn")}));
         QVERIFY(leaveToMenu());
     }
+
+    void anAnswerThatComesTooLate_data()
+    {
+        QTest::addColumn<QString>("way");
+        QTest::addColumn<QString>("back");
+        QTest::addColumn<int>("question");
+        QTest::addColumn<int>("answer");
+        QTest::newRow("positions") << "setPositionBtn"
+                                   << "returnNavigationBtn3" << int(message::GetPalletPosition)
+                                   << int(wire::reply::robot_pallet_PositionParameter);
+        QTest::newRow("pattern") << "planeModelBtn"
+                                 << "returnNavigationBtn7" << int(message::GetPalletPlane)
+                                 << int(wire::reply::robot_pallet_PlaneModel);
+    }
+
+    /// A page was left and another process number chosen before its answer came: that number stays.
+    void anAnswerThatComesTooLate()
+    {
+        QFETCH(QString, way);
+        QFETCH(QString, back);
+        QFETCH(int, question);
+        QFETCH(int, answer);
+        constexpr int kChosen = 3;
+        const auto *box = child<QComboBox>(pages, "m_pPalletCraftNum");
+        const auto answerFor = [&](int craft) {
+            support::receive(static_cast<wire::reply::Id>(answer),
+                             "{\"robot\":1,\"graphic\":1,\"pallet\":{},\"craftID\":"
+                                 + QByteArray::number(craft) + "}");
+        };
+        QVERIFY(hand->touchAll({name("BtnPalletTech"), name("BtnPalletType")}) && settle());
+        QVERIFY(hand->choose(name("m_pPalletCraftNum"), 8) && settle());
+        QVERIFY(hand->touch(name("BtnPalletComplete")));
+        // the test brings the answer, when it is time
+        desk->controller->setFault(static_cast<unsigned short>(question), Fault::NoReply);
+        QVERIFY(hand->touchAll({way, back, name("palletNavigationReturn")}) && settle());
+        QVERIFY(hand->choose(name("m_pPalletCraftNum"), kChosen) && settle());
+        answerFor(9);
+        QCOMPARE(box->currentIndex(), kChosen);
+        answerFor(8); // nobody asked for this: the controller chooses
+        QCOMPARE(box->currentIndex(), 7);
+        desk->controller->setFault(static_cast<unsigned short>(question), Fault::None);
+        QVERIFY(settle());
+        QVERIFY(leaveToMenu());
+    }
 };
 
 QTEST_MAIN(TestChain)
