@@ -2,6 +2,7 @@
 
 #include "app.h"
 #include "boxpainter.h"
+#include "commandinsert.h"
 #include "newtechnologywidget.h"
 #include "promptwidget.h"
 #include "robot.h"
@@ -43,7 +44,8 @@ TechnologyWidget *TechnologyWidget::getInstance()
 }
 
 TechnologyWidget::TechnologyWidget(QWidget *parent)
-    : QStackedWidget(parent), ui(new Ui_TechnologyWidget), robot(Robot::getInstance())
+    : QStackedWidget(parent), ui(new Ui_TechnologyWidget), robot(Robot::getInstance()),
+      commandInsert(CommandInsert::getInstance())
 {
     loadPictures();
     ui->setupUi(this);

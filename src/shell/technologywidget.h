@@ -24,6 +24,7 @@ struct Step;
 enum Position : int;
 } // namespace jobsequence
 class BoxPainter;
+class CommandInsert;
 class DigitalLineEdit;
 class JobEdit;
 class PromptWidget;
@@ -58,6 +59,8 @@ signals:
     void showPalletCurrentUserCoords();
     /// The main window is to show the robot's jobs.
     void showJobFile(windType);
+    /// The main window is to act as if its button of that name had been pressed, such as "job".
+    void sig_show_click_btn(QString);
 
     // ---- Shell: shell/technologywidget.cpp, shell/menu.cpp · page 0 ----
 public:
@@ -373,6 +376,7 @@ private:
     // ---- Shell ----
     Ui_TechnologyWidget *ui; ///< the form, freed first in the destructor
     Robot *robot; ///< every message and every reply goes through it; not owned
+    CommandInsert *commandInsert; ///< run count of the special process; not owned
     PromptWidget *promptWidget = nullptr; ///< every question goes through it; not owned
 
     // ---- Palletising ----

@@ -207,6 +207,7 @@ constexpr const char *kSignals[] = {
     "tnw_WidgetTitle(int,int,int)",
     "showPalletCurrentUserCoords()",
     "showJobFile(windType)",
+    "sig_show_click_btn(QString)",
 };
 
 constexpr int kTitles[59] = {
