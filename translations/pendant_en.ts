@@ -33,6 +33,13 @@
     </message>
 </context>
 <context>
+    <name>CommandInsert</name>
+    <message>
+        <source>运行次数</source>
+        <translation>Run count</translation>
+    </message>
+</context>
+<context>
     <name>Controller</name>
     <message>
         <source>未动作：请上电并按住使能键</source>
@@ -2222,16 +2229,6 @@ controller</translation>
         <translation>The program goes into the current robot&apos;s job directory.</translation>
     </message>
     <message>
-        <source>若仅有一个抓手，请切换到该抓手的工具手
-后标定以下各点
-若有多个抓手，请用切换到第一个抓手的工具
-手后标定以下各点</source>
-        <translation>With one gripper only, switch to its tool frame
-before you mark the points below.
-With several grippers, switch to the tool frame
-of the first one before you mark them.</translation>
-    </message>
-    <message>
         <source>关节值</source>
         <translation>Joint values</translation>
     </message>
@@ -2450,6 +2447,16 @@ of the first one before you mark them.</translation>
     <message>
         <source>高度修正 mm</source>
         <translation>Heights in mm</translation>
+    </message>
+    <message>
+        <source>若仅有一个抓手，请切换到该抓手的工具手后
+标定以下各点
+若有多个抓手，请用切换到第一个抓手的工具
+手后标定以下各点</source>
+        <translation>With one gripper only, switch to its tool frame
+before you teach the points below.
+With several grippers, switch to the tool frame
+of the first one before you teach them.</translation>
     </message>
 </context>
 <context>

@@ -6,6 +6,7 @@
 void TechnologyWidget::initBWBTechInterface()
 {
     setReturnButtonSheet({ui->ReturnProject_Button, ui->OpenProject_Button, ui->btnOpenJob});
+    ui->btnOpenJob->hide();
     connect(ui->ReturnProject_Button, &QPushButton::clicked, this,
             &TechnologyWidget::return_mainPage);
 }

@@ -383,7 +383,7 @@ private slots:
     void help()
     {
         QCOMPARE(labelText(pages, QStringLiteral("label_329")),
-                 QStringLiteral("若仅有一个抓手，请切换到该抓手的工具手\n后标定以下各点\n"
+                 QStringLiteral("若仅有一个抓手，请切换到该抓手的工具手后\n标定以下各点\n"
                                 "若有多个抓手，请用切换到第一个抓手的工具\n手后标定以下各点"));
         QVERIFY(pages->widget(34)->isAncestorOf(child<QLabel>(pages, "label_329")));
     }

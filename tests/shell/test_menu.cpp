@@ -102,6 +102,8 @@ private slots:
         DisplaySize::widgetY = 34;
         screen->show();
         QVERIFY(QTest::qWaitForWindowExposed(screen));
+        // Nobody has come into the special process yet.
+        QVERIFY(child<QWidget>(pages, "btnOpenJob")->isHidden());
     }
 
     void init()

@@ -43,23 +43,17 @@ void TechnologyWidget::initWizardPoints()
     });
 }
 
-/// The page opens: it shows the columns of the joints that this robot shows. A robot of no known
-/// kind leaves them as they are.
+/// The page opens. Which columns stand on it was settled when the wizard was entered, by the
+/// robot's family; they share the width.
 void TechnologyWidget::showWizardPoints()
 {
     ui->wizardPointsBox->setTitle(App::isDeg ? tr("关节值（转动轴 °）")
                                              : tr("关节值（转动轴 rad）"));
     forgetLiveJoints();
-    const int shown = axes::modelOf(robot->kinematicType).shown;
-    if (shown == 0)
-        return;
-    for (const QVector<QLabel *> &labels :
-         {wizardHeadLabels, wizardLiveLabels, getPointLabels, upperPointLabels, safePointLabels}) {
-        for (int place = 0; place < axes::kMost; ++place)
-            labels.at(place)->setVisible(place < shown);
+    for (int place = 0; place < axes::kMost; ++place) {
+        const bool isShown = !wizardHeadLabels.at(place)->isHidden();
+        ui->gridWizardPoints->setColumnStretch(kFirstColumn + place, isShown ? 1 : 0);
     }
-    for (int place = 0; place < axes::kMost; ++place)
-        ui->gridWizardPoints->setColumnStretch(kFirstColumn + place, place < shown ? 1 : 0);
 }
 
 /// Until the controller tells where the robot is, the page does not pretend to know.
