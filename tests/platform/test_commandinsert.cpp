@@ -17,7 +17,8 @@ private:
 
     void touch(const QString &key)
     {
-        auto *button = m_window.findChild<QPushButton *>(QLatin1String("key_") + key);
+        QVERIFY(Keypad::current());
+        auto *button = Keypad::current()->findChild<QPushButton *>(QLatin1String("key_") + key);
         QVERIFY2(button, qPrintable(key));
         QTest::mouseClick(button, Qt::LeftButton);
     }
