@@ -9,6 +9,7 @@
 namespace {
 
 constexpr double kStep = 0.01; // seconds between two positions on the way
+constexpr double kInstant = 1e-9; // seconds
 constexpr double kJogTip = 100.0; // mm/s
 constexpr double kJogTurn = angles::toRadians(15.0); // per second
 constexpr int kFirstAngle = 3; // of a pose
@@ -62,7 +63,8 @@ void Arm::stop()
 
 const char *Arm::step(double seconds, const ArmSpeed &speed)
 {
-    while (seconds > 0 && isMoving()) {
+    // what rounding leaves of the time is too short to tell a motion from it
+    while (seconds > kInstant && isMoving()) {
         const double part = std::min(seconds, kStep);
         if (const char *word = advance(part, speed)) {
             stop();
@@ -152,23 +154,36 @@ const char *Arm::jogAxis(double seconds, const ArmSpeed &speed)
     return m_joints[axis] == limit ? armword::kAxisLimit : nullptr;
 }
 
+// Near a stretched arm or a wrist that points straight, and where a long tool swings, the way gets
+// shorter until axes and tips keep up with it. Where not even a ten-thousandth of it can be gone,
+// there is no way on.
 const char *Arm::jogPose(double seconds, const ArmSpeed &speed)
 {
+    constexpr double kLeast = 1e-4;
+    constexpr double kShort =
+        0.98; // of what is allowed, so that the bend of the way does not matter
     const size_t index = m_model.poseIndex(m_jog.axis - 1);
     const bool turns = index >= kFirstAngle;
-    double way = m_jog.direction * (turns ? speed.turn : speed.tip) * seconds;
-    // Where the axes cannot keep up, near a stretched arm, the way gets shorter.
-    for (int attempt = 0; attempt < 6; ++attempt, way /= 2) {
+    const double whole = m_jog.direction * (turns ? speed.turn : speed.tip) * seconds;
+    const Pose from = pose();
+    for (double part = 1.0; part > kLeast;) {
         Pose wanted = m_jogPose;
-        wanted[index] += way;
+        wanted[index] += part * whole;
         const std::optional<Joints> joints = m_model.follow(wanted, m_joints);
-        // The axes may turn faster than when they are jogged one by one.
-        const ArmSpeed most{2 * speed.tip, 4 * speed.turn};
-        if (!joints || share(*joints, seconds, most) < 1.0)
+        if (!joints) {
+            part /= 2;
             continue;
-        m_joints = *joints;
-        m_jogPose = wanted;
-        return nullptr;
+        }
+        const double farthest = way(from, m_model.pose(*joints));
+        const double allowed = std::min(share(*joints, seconds, speed),
+                                        speed.tip * seconds / std::max(farthest, 1e-9));
+        // what is asked for in full speed is not refused for a rounding
+        if (allowed >= 1.0 - 1e-6) {
+            m_joints = *joints;
+            m_jogPose = wanted;
+            return nullptr;
+        }
+        part *= kShort * allowed;
     }
     return armword::kOutOfReach;
 }

@@ -16,6 +16,7 @@ constexpr double kMetre = 1000.0; // mm; the chains are in metres
 constexpr size_t kRedundant = 2;
 
 constexpr double kSolvedTo = 1e-4; // mm and radians, of a solution that counts
+constexpr double kNudge = 0.002; // radians
 constexpr int kSearches = 40;
 constexpr int kIterations = 120;
 
@@ -307,7 +308,15 @@ std::optional<Joints> ArmModel::solveFrom(const KDL::Chain &chain, const KDL::Fr
 
 std::optional<Joints> ArmModel::follow(const Pose &pose, const Joints &start) const
 {
-    return solveFrom(chainFor(pose), target(pose), pose, start, start);
+    const KDL::Chain chain = chainFor(pose);
+    const KDL::Frame frame = target(pose);
+    if (const std::optional<Joints> found = solveFrom(chain, frame, pose, start, start))
+        return found;
+    // An arm that is stretched exactly has no direction back: it is found from beside.
+    Joints beside = start;
+    for (size_t i = 0; i < static_cast<size_t>(axes()); ++i)
+        beside[i] += m_isLinear[i] ? 0.0 : kNudge;
+    return solveFrom(chain, frame, pose, beside, start);
 }
 
 std::optional<Joints> ArmModel::solve(const Pose &pose, const Joints &start) const
