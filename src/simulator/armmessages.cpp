@@ -168,11 +168,10 @@ const char *runToPoint(Request &request)
         return "position";
 
     RobotCell &cell = request.cell;
-    const Session &session = request.session;
     const char *word = nullptr;
     if (coordinate == Axes) {
         const Joints joints = jointsOf(*values, cell.arm(*robot).model());
-        word = cell.runTo(*robot, joints, session.number, session.holdsDeadman);
+        word = cell.runTo(*robot, joints, request.session.number);
     } else {
         Pose pose{};
         std::copy_n(values->begin() + kFirstValue, kAxes, pose.values.begin());
@@ -181,7 +180,7 @@ const char *runToPoint(Request &request)
             pose = fromTool(pose);
         else if (coordinate == User)
             pose = fromUser(pose, userframe::current(request.store, *robot));
-        word = cell.runTo(*robot, pose, session.number, session.holdsDeadman);
+        word = cell.runTo(*robot, pose, request.session.number);
     }
     if (word)
         request.tell(word);

@@ -25,18 +25,28 @@ RobotCell::RobotCell()
     }
 }
 
-void RobotCell::setServo(bool on)
+const char *RobotCell::setServo(bool on, int owner)
 {
-    if (!on)
+    if (!on) {
         stopAll();
+        m_switches.emptyLine();
+    } else if (isHeldByAnother(owner)) {
+        return armword::kControlHeld;
+    } else {
+        m_switches.queue(owner);
+    }
     m_servo = on;
+    return nullptr;
 }
 
-void RobotCell::setMode(int mode)
+const char *RobotCell::setMode(int mode, int owner)
 {
+    if (isHeldByAnother(owner))
+        return armword::kControlHeld;
     if (mode != m_mode)
         stopAll();
     m_mode = mode;
+    return nullptr;
 }
 
 void RobotCell::setType(int robot, int type)
@@ -45,33 +55,54 @@ void RobotCell::setType(int robot, int type)
         at(robot).arm.setType(type);
 }
 
-template <typename Point>
-const char *RobotCell::begin(int robot, const Point &point, int owner, bool holdsDeadman)
+void RobotCell::letSwitchGo(int owner)
 {
-    if (!m_servo || !holdsDeadman)
+    m_switches.letGo(owner);
+    release(owner);
+}
+
+std::vector<int> RobotCell::expireSwitches(double now)
+{
+    const std::vector<int> lapsed = m_switches.expire(now);
+    for (const int owner : lapsed)
+        release(owner);
+    return lapsed;
+}
+
+const char *RobotCell::objection(int owner)
+{
+    if (!m_servo || !holdsSwitch(owner))
         return armword::kNotEnabled;
+    m_switches.queue(owner);
+    return isHeldByAnother(owner) ? armword::kControlHeld : nullptr;
+}
+
+template <typename Point> const char *RobotCell::begin(int robot, const Point &point, int owner)
+{
+    if (const char *word = objection(owner))
+        return word;
     const char *word = at(robot).arm.runTo(point);
     if (!word)
         at(robot).owner = owner;
     return word;
 }
 
-const char *RobotCell::runTo(int robot, const Joints &joints, int owner, bool holdsDeadman)
+const char *RobotCell::runTo(int robot, const Joints &joints, int owner)
 {
-    return begin(robot, joints, owner, holdsDeadman);
+    return begin(robot, joints, owner);
 }
 
-const char *RobotCell::runTo(int robot, const Pose &pose, int owner, bool holdsDeadman)
+const char *RobotCell::runTo(int robot, const Pose &pose, int owner)
 {
-    return begin(robot, pose, owner, holdsDeadman);
+    return begin(robot, pose, owner);
 }
 
-const char *RobotCell::jog(int robot, const Jog &jog, int owner, bool holdsDeadman)
+const char *RobotCell::jog(int robot, const Jog &jog, int owner)
 {
     if (m_mode != kTeach)
         return armword::kNotTeaching;
-    if (!m_servo || !holdsDeadman)
-        return armword::kNotEnabled;
+    if (const char *word = objection(owner))
+        return word;
     const char *word = at(robot).arm.jog(jog);
     if (!word)
         at(robot).owner = owner;
@@ -96,6 +127,11 @@ bool RobotCell::isMoving() const
 {
     return std::any_of(m_robots.begin(), m_robots.end(),
                        [](const Robot &robot) { return robot.arm.isMoving(); });
+}
+
+bool RobotCell::isMoving(int robot, int owner) const
+{
+    return arm(robot).isMoving() && m_robots.at(static_cast<size_t>(robot - 1)).owner == owner;
 }
 
 std::vector<RobotCell::Stopped> RobotCell::step(double seconds)

@@ -17,7 +17,6 @@ struct LayoutTransfer {
 struct Session {
     int number = 0; ///< its own; motions belong to it
     int robot = 1; ///< the one it works with; messages that name no robot are about this one
-    bool holdsDeadman = false;
     Jog jog; ///< what was last asked for
     LayoutTransfer transfer;
 };

@@ -1,6 +1,7 @@
 #include "simulator/simulatedcontroller.h"
 
 #include "link/messages.h"
+#include "simulator/armwords.h"
 #include "simulator/envelope.h"
 #include "simulator/ports.h"
 #include "wire/ids.h"
@@ -8,6 +9,7 @@
 #include <QPointer>
 #include <QTcpSocket>
 #include <algorithm>
+#include <string_view>
 #include <utility>
 
 namespace {
@@ -76,7 +78,9 @@ bool SimulatedController::start(const Options &options, QString *error)
         return false;
     }
     m_statusTimer.start(options.statusInterval);
+    m_cell.setSwitchLasts(options.switchLasts / 1000.0);
     if (options.motionInterval > 0) {
+        m_clock.start();
         m_sinceStep.start();
         m_motionTimer.start(options.motionInterval);
     }
@@ -107,7 +111,7 @@ void SimulatedController::welcome()
     while (QTcpSocket *socket = m_server.nextPendingConnection()) {
         auto *connection = new wire::Connection(socket, wire::Connection::Role::Controller,
                                                 greeting(), m_timing, this);
-        m_pendants.push_back({connection, {}});
+        m_pendants.push_back({connection, {}, socket->peerAddress().toString()});
         m_pendants.back().session.number = ++m_sessions;
         connect(connection, &wire::Connection::opened, this, [this, connection] {
             add(Count::Pendants, 1);
@@ -127,14 +131,13 @@ void SimulatedController::drop(wire::Connection *connection)
     if (!connection->peer().isNull())
         add(Count::Pendants, -1);
     if (const Pendant *pendant = find(connection))
-        m_cell.release(pendant->session.number);
+        m_cell.letSwitchGo(pendant->session.number);
     m_pendants.erase(std::remove_if(m_pendants.begin(), m_pendants.end(),
                                     [connection](const Pendant &pendant) {
                                         return pendant.connection == connection;
                                     }),
                      m_pendants.end());
     connection->deleteLater();
-    sendStatus(); // an enabling switch that was held is released with its pendant
 }
 
 SimulatedController::Pendant *SimulatedController::find(const wire::Connection *connection)
@@ -169,6 +172,7 @@ const char *SimulatedController::carryOut(wire::Connection *connection, quint16 
     Pendant *pendant = find(connection);
     if (!pendant)
         return nullptr;
+    expireSwitches(); // before a word that comes too late is taken for one in time
     if (id == wire::Key)
         return takeKey(*pendant, body);
     const Handler handle = m_handlers.value(id);
@@ -203,26 +207,42 @@ const char *SimulatedController::takeKey(Pendant &pendant, const QByteArray &bod
         return key ? envelope::whole(*key, "value", lowest, highest) : std::nullopt;
     };
     Session &session = pendant.session;
+    const char *word = nullptr;
     if (name == QLatin1String("servo") && value(0, 1)) {
-        m_cell.setServo(*value(0, 1) == 1);
+        word = m_cell.setServo(*value(0, 1) == 1, session.number);
     } else if (name == QLatin1String("deadman") && value(0, 1)) {
-        session.holdsDeadman = *value(0, 1) == 1;
-        if (!session.holdsDeadman)
-            m_cell.release(session.number);
+        return takeSwitch(pendant, *value(0, 1) == 1);
     } else if (name == QLatin1String("mode") && value(0, 2)) {
-        m_cell.setMode(*value(0, 2));
+        word = m_cell.setMode(*value(0, 2), session.number);
     } else if (name == QLatin1String("robot") && value(1, kRobots)) {
         session.robot = *value(1, kRobots);
         m_cell.release(session.number); // what it no longer looks at stands still
     } else if (name == QLatin1String("kinematic") && value(1, 12)) {
-        setKinematicType(session.robot, *value(1, 12));
+        if (m_cell.isHeldByAnother(session.number))
+            word = armword::kControlHeld;
+        else
+            setKinematicType(session.robot, *value(1, 12));
         takeTypes();
     } else if (name == QLatin1String("jog") && value(0, kAxes)) {
         return takeJog(pendant, *key);
     } else {
         return "no such key or value";
     }
-    sendStatus();
+    if (word)
+        sendStatus(pendant, 0, word);
+    else
+        sendStatus();
+    return nullptr;
+}
+
+// Said again and again while the switch is held: only a change is answered.
+const char *SimulatedController::takeSwitch(Pendant &pendant, bool held)
+{
+    const int number = pendant.session.number;
+    if (!held)
+        m_cell.letSwitchGo(number);
+    if (!held || m_cell.holdSwitch(number, now()))
+        sendStatus(pendant);
     return nullptr;
 }
 
@@ -248,9 +268,9 @@ const char *SimulatedController::takeJog(Pendant &pendant, const Json::Value &ke
     const bool isRepeated = session.jog == jog;
     session.jog = jog;
     takeTypes();
-    if (isRepeated && !m_cell.arm(session.robot).isMoving())
+    if (isRepeated && !m_cell.isMoving(session.robot, session.number))
         return nullptr;
-    if (const char *word = m_cell.jog(session.robot, jog, session.number, session.holdsDeadman))
+    if (const char *word = m_cell.jog(session.robot, jog, session.number))
         sendStatus(pendant, session.robot, word);
     return nullptr;
 }
@@ -310,13 +330,11 @@ void SimulatedController::sendStatus()
 /// With a word, that word is about `robot`, or about the pendant's own robot for 0.
 void SimulatedController::sendStatus(const Pendant &pendant, int robot, const char *word)
 {
-    const bool deadman = std::any_of(m_pendants.begin(), m_pendants.end(),
-                                     [](const Pendant &each) { return each.session.holdsDeadman; });
     const int about = robot == 0 ? pendant.session.robot : robot;
     Json::Value status;
     status["robot"] = about;
     status["servo"] = m_cell.servo() ? kServoOn : kServoOff;
-    status["deadman"] = deadman ? 1 : 0;
+    status["deadman"] = m_cell.holdsSwitch(pendant.session.number) ? 1 : 0;
     status["teachMode"] = m_cell.mode();
     {
         const QMutexLocker lock(&m_mutex);
@@ -324,6 +342,8 @@ void SimulatedController::sendStatus(const Pendant &pendant, int robot, const ch
     }
     if (word)
         status["message"] = word;
+    if (word && std::string_view(word) == armword::kControlHeld)
+        status["holder"] = holderName().toStdString();
     pendant.connection->send(wire::Status, wire::writeLine(status));
 }
 
@@ -339,6 +359,8 @@ void SimulatedController::takeTypes()
 
 void SimulatedController::stepArms(double seconds)
 {
+    m_stepped += seconds;
+    expireSwitches();
     takeTypes();
     for (const RobotCell::Stopped &stopped : m_cell.step(seconds)) {
         for (const Pendant &pendant : m_pendants) {
@@ -349,13 +371,48 @@ void SimulatedController::stepArms(double seconds)
 }
 
 // A step is never longer than a tenth of a second: what a stalled process has missed of a motion
-// is not caught up in one leap.
+// is not caught up in one leap. The enabling switches live by the true time.
 void SimulatedController::moveOn()
 {
     constexpr qint64 kLongest = 100;
     const qint64 elapsed = std::min(m_sinceStep.restart(), kLongest);
+    expireSwitches();
     if (m_cell.isMoving())
         stepArms(static_cast<double>(elapsed) / 1000.0);
+}
+
+// ---- who has control ----------------------------------------------------------------------------
+
+double SimulatedController::now() const
+{
+    return m_clock.isValid() ? static_cast<double>(m_clock.elapsed()) / 1000.0 : m_stepped;
+}
+
+void SimulatedController::expireSwitches()
+{
+    for (const int owner : m_cell.expireSwitches(now())) {
+        for (const Pendant &pendant : m_pendants) {
+            if (pendant.session.number == owner)
+                sendStatus(pendant, 0, armword::kNotRenewed);
+        }
+    }
+}
+
+/// What the pendant that has control calls itself, and where it is: "pendant (127.0.0.1)".
+QString SimulatedController::holderName() const
+{
+    constexpr int kLongest = 40;
+    for (const Pendant &pendant : m_pendants) {
+        if (pendant.session.number != m_cell.holder())
+            continue;
+        QString name;
+        for (const QChar c : wire::text(pendant.connection->peer(), "name").value_or(QString())) {
+            if (c.isPrint())
+                name.append(c);
+        }
+        return QStringLiteral("%1 (%2)").arg(name.left(kLongest).trimmed(), pendant.address);
+    }
+    return {};
 }
 
 // ---- safe from any thread -----------------------------------------------------------------------

@@ -31,6 +31,8 @@ public:
         wire::Timing timing;
         int statusInterval = 200; ///< milliseconds between two status messages
         int motionInterval = 20; ///< milliseconds between two steps of the arms; 0: stepArms() only
+        /// Milliseconds from the last word of a held enabling switch to its lapse.
+        int switchLasts = static_cast<int>(1000 * EnablingSwitches::kLasts);
     };
 
     explicit SimulatedController(QObject *parent = nullptr);
@@ -43,7 +45,8 @@ public:
     /// The port it listens on; 0 when it does not.
     quint16 port() const { return m_server.serverPort(); }
 
-    /// Lets the arms move for that time, in seconds.
+    /// Lets the arms move for that time, in seconds. Without a motion interval it is the time of
+    /// the enabling switches too.
     void stepArms(double seconds);
     const RobotCell &cell() const { return m_cell; }
     /// The job that was accepted for robot 1 to 4 under that name, also before the controller was
@@ -75,6 +78,7 @@ private:
     struct Pendant {
         wire::Connection *connection;
         Session session;
+        QString address;
     };
     struct FaultState {
         Fault fault = Fault::None;
@@ -90,8 +94,12 @@ private:
     const char *carryOut(wire::Connection *connection, quint16 id, const QByteArray &body);
     const char *takeKey(Pendant &pendant, const QByteArray &body);
     const char *takeJog(Pendant &pendant, const Json::Value &key);
+    const char *takeSwitch(Pendant &pendant, bool held);
     void takeTypes();
     void moveOn();
+    double now() const;
+    void expireSwitches();
+    QString holderName() const;
     void reply(wire::Connection *connection, quint16 request, quint16 id, const Json::Value &body);
     Fault faultFor(quint16 id, bool forReply, int *milliseconds = nullptr);
     void sendStatus();
@@ -110,6 +118,8 @@ private:
     JobShelf m_jobs;
     QTimer m_motionTimer{this};
     QElapsedTimer m_sinceStep;
+    QElapsedTimer m_clock; ///< of the enabling switches; without a motion interval it stands still
+    double m_stepped = 0; ///< seconds, by stepArms()
     int m_sessions = 0; ///< counted, so that each has a number of its own
 
     mutable QMutex m_mutex; ///< for what follows
