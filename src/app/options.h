@@ -15,6 +15,9 @@ struct Options {
     QString tourDirectory; ///< not empty: drive the pages without an operator and leave pictures
     QString language; ///< "zh", "en"; empty: the one of the last run
     std::vector<KinematicRule> kinematics; ///< of the embedded controller's robots
+    /// Milliseconds from the last word of a held enabling switch to its lapse, in the embedded
+    /// controller; 0: its own. No option of the command line sets it.
+    int switchLasts = 0;
     bool specialProcessOnly = false; ///< the device that offers nothing but the special process
 
     bool isEmbedded() const { return controllerHost.isEmpty(); }

@@ -42,8 +42,12 @@ bool Pendant::connectController(const Options &options, QString *error)
         Robot::getInstance()->connectToController(options.controllerHost, options.controllerPort);
         return true;
     }
+    SimulatedController::Options controller;
+    controller.directory = options.dataDirectory;
+    if (options.switchLasts > 0)
+        controller.switchLasts = options.switchLasts;
     QString reason;
-    const quint16 port = m_controller.start(options.dataDirectory, &reason);
+    const quint16 port = m_controller.start(controller, &reason);
     if (port == 0) {
         *error = QStringLiteral("The simulated controller does not start: %1.").arg(reason);
         return false;

@@ -6,5 +6,6 @@
 constexpr int kLongestWord = 200;
 
 /// What a message of the controller's status says, for the screen: a known word in the language of
-/// the screen, anything else as it came, cut to kLongestWord.
-QString controllerWord(const QString &message);
+/// the screen, anything else as it came, cut to kLongestWord. `holder` is the pendant that has
+/// control, for the word that is about it; empty where the controller does not say it.
+QString controllerWord(const QString &message, const QString &holder = {});

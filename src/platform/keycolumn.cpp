@@ -80,6 +80,12 @@ DeadmanKey::DeadmanKey(QWidget *parent) : HoldKey(parent)
             [](bool held) { Robot::getInstance()->setDeadman(held); });
 }
 
+DeadmanKey::~DeadmanKey()
+{
+    if (isHeld())
+        Robot::getInstance()->setDeadman(false);
+}
+
 KeyColumn::KeyColumn(QWidget *parent)
     : QWidget(parent), m_lamp(new LinkLamp(this)), m_simulated(new SimulatedMark(this)),
       m_servo(makeKey(QStringLiteral("servoKey"), 52, this)), m_deadman(new DeadmanKey(this)),

@@ -14,6 +14,7 @@ class DeadmanKey : public HoldKey {
     Q_OBJECT
 public:
     explicit DeadmanKey(QWidget *parent = nullptr);
+    ~DeadmanKey() override; ///< a key that goes while it is held lets go
 };
 
 /// The keys beside the content: link lamp, simulated mark, servo, enabling key (also F12 of a

@@ -22,6 +22,14 @@ void journal(const char *what, const QString &detail)
     EventLog::getInstance()->record(QStringLiteral("link"), {QString::fromLatin1(what), detail});
 }
 
+QByteArray keyBody(const char *name, int value)
+{
+    Json::Value key;
+    key["key"] = name;
+    key["value"] = value;
+    return wire::writeLine(key);
+}
+
 QStringList texts(const Json::Value *array)
 {
     QStringList list;
@@ -45,6 +53,7 @@ Robot::Robot(QObject *parent) : QObject(parent), d(std::make_unique<Private>(thi
 {
     d->retry.setSingleShot(true);
     connect(&d->retry, &QTimer::timeout, this, [this] { d->open(); });
+    connect(&d->renewal, &QTimer::timeout, this, [this] { d->renewDeadman(); });
     if (QCoreApplication::instance()) {
         connect(QCoreApplication::instance(), &QCoreApplication::aboutToQuit, this,
                 &Robot::disconnectFromController);
@@ -77,7 +86,11 @@ void Robot::requestServo(bool on)
 
 void Robot::setDeadman(bool held)
 {
-    d->sendKey("deadman", held ? 1 : 0, held);
+    const bool isSent = d->sendKey("deadman", held ? 1 : 0, held);
+    if (held && isSent)
+        d->renewal.start(d->times.renewal);
+    else
+        d->renewal.stop();
 }
 
 void Robot::setTeachMode(int mode)
@@ -127,6 +140,7 @@ void Robot::robot_key_slot_saftySwitchProcess(int value)
     if (value != 0)
         return;
     d->sendKey("deadman", 0, false);
+    d->renewal.stop();
     // The robot is not to count as free to move until the controller's next word.
     if (d->deadman != 0) {
         d->deadman = 0;
@@ -154,14 +168,20 @@ bool Robot::Private::send(unsigned short id, const QByteArray &body)
     return connection && connection->send(id, body);
 }
 
-void Robot::Private::sendKey(const char *name, int value, bool warns)
+bool Robot::Private::sendKey(const char *name, int value, bool warns)
 {
     EventLog::getInstance()->record(QStringLiteral("key"), {QString::fromLatin1(name), value});
-    Json::Value key;
-    key["key"] = name;
-    key["value"] = value;
-    if (!send(wire::Key, wire::writeLine(key)))
-        refuse(QStringLiteral("key ") + QString::fromLatin1(name), warns);
+    if (send(wire::Key, keyBody(name, value)))
+        return true;
+    refuse(QStringLiteral("key ") + QString::fromLatin1(name), warns);
+    return false;
+}
+
+// The journal has the press alone.
+void Robot::Private::renewDeadman()
+{
+    if (!send(wire::Key, keyBody("deadman", 1)))
+        renewal.stop();
 }
 
 // A held key says the same again and again; the journal has it once.
@@ -313,6 +333,7 @@ void Robot::Private::setLink(Link value)
     if (link == value)
         return;
     link = value;
+    renewal.stop(); // it was said on the link that was
     emit q->linkChanged(value);
 }
 

@@ -28,7 +28,7 @@ public:
     int get_teach_mode() const; ///< 0: teach mode; 1: automatic; 2: remote
 
     /// The safety switch of the key column: 0 takes back the enabling switch, so that the robot
-    /// stands still while a question is on screen.
+    /// stands still while a question is on screen. It counts again once it is pressed anew.
     void robot_key_slot_saftySwitchProcess(int value);
 
     /// 1 to 12; sorts robots into families by their axes. Reported by the controller.
@@ -42,6 +42,7 @@ public:
         int greeting = 3000; ///< for connecting and greeting together
         QVector<int> pauses = {250, 500, 1000, 2000,
                                5000}; ///< before each attempt; the last repeats
+        int renewal = 100; ///< a held enabling switch is said again after so long
         int warning = 10000; ///< between two link warnings on screen within one outage
     };
     /// Takes effect with the next attempt to connect. `pauses` must not be empty.
@@ -61,6 +62,7 @@ public:
     // They are no messages of a page: they go out beside sendCommandData, and the journal has them
     // as "key". Without a connection they are refused like a message.
     void requestServo(bool on);
+    /// Held, it is said again until it is let go, by the timer of this thread: who hangs lets go.
     void setDeadman(bool held);
     /// 0: teach; 1: automatic; 2: remote. Another number does nothing.
     void setTeachMode(int mode);

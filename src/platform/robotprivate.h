@@ -26,7 +26,9 @@ struct Robot::Private {
     void forgetState();
 
     bool send(unsigned short id, const QByteArray &body);
-    void sendKey(const char *name, int value, bool warns);
+    /// False when no controller is connected.
+    bool sendKey(const char *name, int value, bool warns);
+    void renewDeadman();
     void sendJog(int axis, int direction, int coordinate);
     void refuse(const QString &what, bool warns);
     void warn();
@@ -34,7 +36,7 @@ struct Robot::Private {
     void applyStatus(const QByteArray &body);
     void applyJobCheck(const QByteArray &body);
     /// Shows what a status message says to the operator.
-    void say(const QString &message);
+    void say(const QString &message, const QString &holder);
 
     Robot *q;
     LinkTimes times;
@@ -44,6 +46,7 @@ struct Robot::Private {
     Link link = Link::Off;
     QPointer<wire::Connection> connection;
     QTimer retry;
+    QTimer renewal; ///< says again that the enabling switch is held
     int attempt = 0;
     bool hasBeenConnected = false; ///< in this run of the program
     QString lastFailure; ///< of the attempts since the link was last up

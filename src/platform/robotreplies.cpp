@@ -217,8 +217,8 @@ void Robot::receiveMessage(unsigned short id, const QByteArray &body)
 }
 
 // {"robot": int, "servo": int, "deadman": 0 or 1, "teachMode": 0 to 2, "kinematicType": 1 to 12,
-// "message": text}. Each key but the first is optional; one that is unreadable or out of range
-// changes nothing. A message comes in one status only.
+// "message": text, "holder": text}. Each key but the first is optional; one that is unreadable or
+// out of range changes nothing. A message comes in one status only.
 void Robot::Private::applyStatus(const QByteArray &body)
 {
     const std::optional<Json::Value> status = wire::parseObject(body);
@@ -246,7 +246,7 @@ void Robot::Private::applyStatus(const QByteArray &body)
     if (changed)
         emit q->statusChanged();
     if (const std::optional<QString> message = wire::text(*status, "message"))
-        say(*message);
+        say(*message, wire::text(*status, "holder").value_or(QString()));
 }
 
 // {"robot": int, "name": text, "fault": word, "line": int, "detail": text}. The word of a job
@@ -274,14 +274,17 @@ void Robot::Private::applyJobCheck(const QByteArray &body)
     emit q->jobChecked(robot, name, fault);
 }
 
-void Robot::Private::say(const QString &message)
+void Robot::Private::say(const QString &message, const QString &holder)
 {
     constexpr int kShown = 5000; // milliseconds
     constexpr int kWarning = 3;
-    const QString text = controllerWord(message);
+    const QString text = controllerWord(message, holder);
     if (text.isEmpty())
         return;
-    EventLog::getInstance()->record(QStringLiteral("controller"), {message.left(kLongestWord)});
+    QVariantList entry{message.left(kLongestWord)};
+    if (!holder.isEmpty())
+        entry.append(holder.left(kLongestWord));
+    EventLog::getInstance()->record(QStringLiteral("controller"), entry);
     SnackbarMessage::showMessage(text, kShown, kWarning, true);
     emit q->controllerSaid(text);
 }
