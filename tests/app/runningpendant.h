@@ -16,6 +16,7 @@ struct RunningPendant {
         Options options;
         options.dataDirectory = data.path();
         options.language = QStringLiteral("zh");
+        options.switchLasts = 600000; // however long the machine lets the test wait
         QString error;
         if (!pendant.start(options, &error)) {
             qWarning("%s", qPrintable(error));

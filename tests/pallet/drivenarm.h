@@ -40,8 +40,11 @@ public:
         pages->show();
         if (!QTest::qWaitForWindowExposed(pages))
             return false;
+        SimulatedController::Options options;
+        options.directory = m_directory.path();
+        options.switchLasts = kPatience; // however long the machine lets the test wait
         QString error;
-        const quint16 port = m_embedded.start(m_directory.path(), &error);
+        const quint16 port = m_embedded.start(options, &error);
         if (port == 0) {
             qWarning("%s", qPrintable(error));
             return false;

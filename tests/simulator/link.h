@@ -9,10 +9,15 @@
 #include <QtTest>
 #include <memory>
 
+/// The enabling switch of a test that is not about its lapse: however long the machine lets the
+/// test wait, it stays held. In milliseconds.
+constexpr int kHeldAllDay = 24 * 3600 * 1000;
+
 /// A simulated controller on this thread, with a store of its own.
 struct Desk {
     /// `motionInterval` is that of its arms in milliseconds; with 0 they wait for stepArms().
-    explicit Desk(quint16 port = 0, int motionInterval = 20) : m_motionInterval(motionInterval)
+    explicit Desk(quint16 port = 0, int motionInterval = 20, int statusInterval = 20)
+        : m_motionInterval(motionInterval), m_statusInterval(statusInterval)
     {
         start(port);
     }
@@ -23,8 +28,9 @@ struct Desk {
         SimulatedController::Options options;
         options.directory = directory.path();
         options.port = port;
-        options.statusInterval = 20;
+        options.statusInterval = m_statusInterval;
         options.motionInterval = m_motionInterval;
+        options.switchLasts = kHeldAllDay;
         QString error;
         const bool good = controller->start(options, &error);
         if (!good)
@@ -45,6 +51,7 @@ struct Desk {
 
 private:
     int m_motionInterval;
+    int m_statusInterval;
     quint16 m_port = 0;
 };
 

@@ -304,6 +304,7 @@ private slots:
         QVERIFY(!arm.step(Arm::kJogLasts - 0.1, kSlow));
         QVERIFY(arm.isMoving());
     }
+    /// As fast as jogging allows, or as fast as the axis that has to turn most.
     void jogsOneValueOfThePose_data() { families_data(); }
     void jogsOneValueOfThePose()
     {
@@ -323,7 +324,16 @@ private slots:
                     QVERIFY(near(distance(before, after), 30.0, 0.5));
                     QVERIFY(turned(before, after) < 1e-3);
                 } else {
-                    QVERIFY(near(way * direction, angles::toRadians(4.5), 1e-3));
+                    double farthest = 0;
+                    for (int axis = 0; axis < model.axes(); ++axis) {
+                        const auto at = static_cast<size_t>(axis);
+                        if (!model.isLinear(axis))
+                            farthest =
+                                std::max(farthest, std::abs(arm.joints()[at] - model.home()[at]));
+                    }
+                    QVERIFY(
+                        near(std::max(way * direction, farthest), angles::toRadians(4.5), 2e-3));
+                    QVERIFY(way * direction > angles::toRadians(1.5));
                     QVERIFY(distance(before, after) < 0.01);
                 }
             }
@@ -358,6 +368,124 @@ private slots:
         QVERIFY(arm.pose()[0] > 1100);
         QVERIFY(arm.model().isWithinLimits(arm.joints()));
     }
+    /// From poses all over the range, wherever the jog leads: no axis is faster than when it is
+    /// jogged by itself, neither the flange nor a tip faster than jogging allows.
+    void aJogOfThePoseKeepsItsSpeed_data() { families_data(); }
+    void aJogOfThePoseKeepsItsSpeed()
+    {
+        QFETCH(int, type);
+        constexpr double kTick = 0.02;
+        constexpr double kTip = 100.0;
+        const double turn = angles::toRadians(15.0);
+        const KDL::Vector tip(0, 120, 400);
+        const ArmModel model(type);
+        unsigned state = 11;
+        const auto spread = [&state] {
+            state = state * 1664525u + 1013904223u;
+            return state / 4294967296.0;
+        };
+        double fastest = 0;
+        for (int trial = 0; trial < 12; ++trial) {
+            Joints start = model.home();
+            for (int i = 0; trial > 1 && i < model.axes(); ++i) {
+                const auto at = static_cast<size_t>(i);
+                start[at] = model.low()[at] + spread() * (model.high()[at] - model.low()[at]);
+            }
+            if (trial == 1 && model.axes() > 5)
+                start[model.axes() == 6 ? 4 : 5] = 0.02; // the wrist is nearly straight
+            for (int jogged = 1; jogged <= model.poseValues(); ++jogged) {
+                Arm arm(type);
+                arm.setTips({tip});
+                QVERIFY(!arm.runTo(start));
+                while (arm.isMoving())
+                    arm.step(1, {1e5, 100});
+                const char *word = nullptr;
+                for (int i = 0; i < 60 && !word; ++i) {
+                    const Joints before = arm.joints();
+                    const Pose from = arm.pose();
+                    arm.jog({jogged, trial % 2 ? 1 : -1, 1});
+                    word = arm.step(kTick, kSlow);
+                    for (int axis = 0; axis < model.axes(); ++axis) {
+                        const auto at = static_cast<size_t>(axis);
+                        const double most = model.isLinear(axis) ? kTip : turn;
+                        const double speed = std::abs(arm.joints()[at] - before[at]) / kTick;
+                        QVERIFY2(speed <= most * (1 + 1e-5), qPrintable(QString::number(speed)));
+                        fastest = std::max(fastest, speed / most);
+                    }
+                    QVERIFY(distance(from, arm.pose()) <= kTip * kTick * (1 + 1e-5));
+                    const KDL::Vector swung =
+                        (toFrame(arm.pose()) * (tip / 1000.0) - toFrame(from) * (tip / 1000.0))
+                        * 1000.0;
+                    QVERIFY2(swung.Norm() <= kTip * kTick * (1 + 1e-5),
+                             qPrintable(QString::number(swung.Norm() / kTick)));
+                }
+            }
+        }
+        QVERIFY2(fastest > 0.9, qPrintable(QString::number(fastest))); // and they are made use of
+    }
+    void aJogGetsSlowWhereTheArmGetsStretched_data()
+    {
+        QTest::addColumn<int>("type");
+        for (const int type : {1, 2, 8, 12})
+            QTest::addRow("type %d", type) << type;
+    }
+    /// The last of the way is gone ever more slowly, to within a hundredth of a millimetre.
+    void aJogGetsSlowWhereTheArmGetsStretched()
+    {
+        QFETCH(int, type);
+        constexpr double kTick = 0.01;
+        Arm arm(type);
+        const char *word = nullptr;
+        double last = 0;
+        double lastWay = 0;
+        for (int i = 0; i < 3000 && !word; ++i) {
+            const double before = arm.pose()[0];
+            arm.jog({1, 1, 1});
+            word = arm.step(kTick, kSlow);
+            const double way = arm.pose()[0] - before;
+            QVERIFY(way > -1e-3);
+            if (last > 0 && !word)
+                QVERIFY2(way > 0.25 * last || last < 0.2 * 100.0 * kTick,
+                         qPrintable(QStringLiteral("%1 after %2").arg(way).arg(last)));
+            last = way;
+            lastWay = word ? lastWay : way;
+        }
+        QCOMPARE(word, armword::kOutOfReach);
+        QVERIFY2(lastWay < 0.01, qPrintable(QString::number(lastWay)));
+    }
+    void aStretchedArmIsJoggedBack_data()
+    {
+        QTest::addColumn<int>("type");
+        QTest::addColumn<QVector<double>>("axes");
+        const double elbow = std::atan2(120.0, 750.0) - kPi / 2; // upper arm and forearm in line
+        QTest::newRow("six") << 1 << QVector<double>{0, 0.3, elbow, 0, 0.7, 0};
+        QTest::newRow("four") << 2 << QVector<double>{0, 0, 800, 0};
+        QTest::newRow("four, flange up") << 8 << QVector<double>{0.3, 0, 500, 0};
+        QTest::newRow("seven") << 12 << QVector<double>{0, 0.6, 0, 0, 0, 0.5, 0};
+    }
+    void aStretchedArmIsJoggedBack()
+    {
+        QFETCH(int, type);
+        QFETCH(QVector<double>, axes);
+        Arm arm(type);
+        Joints stretched{};
+        std::copy(axes.begin(), axes.end(), stretched.begin());
+        QVERIFY(!arm.runTo(stretched));
+        while (arm.isMoving())
+            arm.step(1, {1e5, 100});
+        const double from = arm.pose()[0];
+        double last = 0;
+        for (int i = 0; i < 100; ++i) {
+            const double before = arm.pose()[0];
+            arm.jog({1, -1, 1});
+            const char *word = arm.step(0.02, kSlow);
+            QVERIFY2(!word, word);
+            const double way = before - arm.pose()[0];
+            QVERIFY(way > 0.9 * last); // ever faster
+            last = way;
+        }
+        QVERIFY(from - arm.pose()[0] > 20);
+    }
     void anotherTypeStartsAtItsHome()
     {
         Arm arm(1);
@@ -373,45 +501,56 @@ private slots:
     {
         RobotCell cell;
         const Pose there = withValue(cell.arm(1).pose(), 1, 200);
-        QCOMPARE(cell.runTo(1, there, 1, true), armword::kNotEnabled);
-        cell.setServo(true);
-        QCOMPARE(cell.runTo(1, there, 1, false), armword::kNotEnabled);
-        QCOMPARE(cell.jog(1, {1, 1, 0}, 1, false), armword::kNotEnabled);
-        cell.setMode(1);
-        QCOMPARE(cell.jog(1, {1, 1, 0}, 1, true), armword::kNotTeaching);
+        QVERIFY(cell.holdSwitch(1, 0));
+        QCOMPARE(cell.runTo(1, there, 1), armword::kNotEnabled);
+        QVERIFY(!cell.setServo(true, 1));
+        QCOMPARE(cell.runTo(1, there, 2), armword::kNotEnabled);
+        QCOMPARE(cell.jog(1, {1, 1, 0}, 2), armword::kNotEnabled);
+        QVERIFY(!cell.setMode(1, 1));
+        QCOMPARE(cell.jog(1, {1, 1, 0}, 1), armword::kNotTeaching);
         QVERIFY(!cell.isMoving());
-        QVERIFY(!cell.runTo(1, there, 1, true));
+        QVERIFY(!cell.runTo(1, there, 1));
         QVERIFY(cell.isMoving());
     }
     void whatEndsAMotion_data()
     {
         QTest::addColumn<int>("end");
         QTest::newRow("drives off") << 0;
-        QTest::newRow("let go") << 1;
-        QTest::newRow("mode") << 2;
+        QTest::newRow("drives off by another") << 1;
+        QTest::newRow("let go") << 2;
+        QTest::newRow("not renewed") << 3;
+        QTest::newRow("mode") << 4;
     }
     void whatEndsAMotion()
     {
         QFETCH(int, end);
         RobotCell cell;
-        cell.setServo(true);
-        QVERIFY(!cell.runTo(1, withValue(cell.arm(1).pose(), 1, 200), 7, true));
-        QVERIFY(!cell.runTo(2, withValue(cell.arm(2).pose(), 1, 200), 8, true));
+        cell.setServo(true, 7);
+        cell.holdSwitch(7, 0);
+        cell.holdSwitch(8, 0);
+        QVERIFY(!cell.runTo(1, withValue(cell.arm(1).pose(), 1, 200), 7));
+        QVERIFY(!cell.runTo(2, withValue(cell.arm(2).pose(), 1, 200), 7));
         cell.step(0.1);
         const Joints where = cell.arm(1).joints();
-        if (end == 0)
-            cell.setServo(false);
-        else if (end == 1)
-            cell.release(7);
-        else
-            cell.setMode(1);
         const Joints other = cell.arm(2).joints();
+        cell.holdSwitch(8, 0.2);
+        cell.letSwitchGo(8); // another pendant's switch is none of its business
+        QVERIFY(cell.isMoving(1, 7) && cell.isMoving(2, 7));
+        if (end <= 1)
+            QVERIFY(!cell.setServo(false, end == 0 ? 7 : 8));
+        else if (end == 2)
+            cell.letSwitchGo(7);
+        else if (end == 3)
+            QCOMPARE(cell.expireSwitches(0.5), std::vector<int>{7});
+        else
+            QVERIFY(!cell.setMode(1, 7));
+        QVERIFY(!cell.isMoving());
         cell.step(0.1);
-        QCOMPARE(cell.arm(1).joints(), where);
-        QCOMPARE(cell.arm(2).joints() != other, end == 1); // another pendant's motion goes on
-        cell.setServo(true);
+        QVERIFY(!cell.setServo(true, 7));
+        cell.holdSwitch(7, 0.5);
         cell.step(0.1);
         QCOMPARE(cell.arm(1).joints(), where); // nothing starts again by itself
+        QCOMPARE(cell.arm(2).joints(), other);
     }
     void teachModeIsSlow_data()
     {
@@ -433,14 +572,14 @@ private slots:
         for (const int mode : {RobotCell::kTeach, 1}) {
             RobotCell cell;
             cell.setType(kRobot, type);
-            cell.setServo(true);
-            cell.setMode(mode);
+            cell.setServo(true, 1);
+            cell.setMode(mode, 1);
+            cell.holdSwitch(1, 0);
             Joints turned = cell.arm(kRobot).joints();
             for (size_t i = 0; i < kAxes; ++i)
                 turned[i] -= i == 0 || i > 2 ? 0.8 : 0.0;
             const Pose away = withValue(cell.arm(kRobot).pose(), 1, 600);
-            QVERIFY(
-                !(turns ? cell.runTo(kRobot, turned, 1, true) : cell.runTo(kRobot, away, 1, true)));
+            QVERIFY(!(turns ? cell.runTo(kRobot, turned, 1) : cell.runTo(kRobot, away, 1)));
             for (int i = 0; i < 2000 && cell.isMoving(); ++i) {
                 const KDL::Frame before = toFrame(cell.arm(kRobot).pose());
                 cell.step(kTick);

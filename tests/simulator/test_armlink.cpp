@@ -6,6 +6,7 @@
 #include "link.h"
 #include "link/messages.h"
 #include "morerobot.h"
+#include "otherpendant.h"
 #include "simulator/angles.h"
 #include "simulator/armwords.h"
 #include "wire/ids.h"
@@ -48,13 +49,14 @@ class TestArmLink : public QObject {
     QTemporaryDir directory;
     std::unique_ptr<SimulatedController> controller;
 
-    void startController()
+    void startController(int switchLasts = kHeldAllDay)
     {
         controller = std::make_unique<SimulatedController>();
         SimulatedController::Options options;
         options.directory = directory.path();
         options.statusInterval = 20;
         options.motionInterval = 0;
+        options.switchLasts = switchLasts;
         QString error;
         QVERIFY2(controller->start(options, &error), qPrintable(error));
         robot->setLinkTimes(quickTimes());
@@ -741,20 +743,223 @@ private slots:
         robot->jog(1, 1, 3);
         QCOMPARE(kindEntries(keys, "key"), 0);
     }
+    // ---- one pendant has control ------------------------------------------------------------
+
     void anotherPendantsSwitchIsNotEnough()
     {
-        auto *socket = new QTcpSocket;
-        wire::Connection other(socket, wire::Connection::Role::Pendant, Json::Value(),
-                               wire::Timing());
-        socket->connectToHost(QHostAddress::LocalHost, controller->port());
-        QTRY_VERIFY(other.isOpen());
-        other.send(wire::Key, "{\"key\":\"deadman\",\"value\":1}");
-        QTRY_COMPARE(robot->get_deadman_state(), 1);
+        OtherPendant other(controller->port());
+        QTRY_VERIFY(other.connection->isOpen());
         robot->requestServo(true);
         QTRY_COMPARE(robot->get_servo_state(), 3);
+        other.key("deadman", 1);
+        QTRY_COMPARE(other.state("deadman"), 1);
         Ear ear;
         run({1, 1}, position(1)[0].mid(2));
         QTRY_COMPARE(ear.words, QStringList(QString::fromLatin1(armword::kNotEnabled)));
+        QCOMPARE(robot->get_deadman_state(), 0); // its own switch
+    }
+    void whoHoldsItsSwitchFirstHasControl()
+    {
+        enable();
+        OtherPendant other(controller->port(), QStringLiteral("second"));
+        QTRY_VERIFY(other.connection->isOpen());
+        other.key("deadman", 1);
+        QTRY_COMPARE(other.state("deadman"), 1);
+
+        // neither moves nor readies the robots
+        const QByteArray point = "{\"robot\":2,\"type\":1,\"position\":{\"values\":"
+                                 "[0,1,0,0,0,0,0,0.3,0,0,0,1.5,0,0]}}";
+        other.connection->send(message::RunToPoint, point);
+        other.jog(1, 1, 0);
+        other.key("mode", 1);
+        other.key("servo", 1);
+        other.key("kinematic", 2);
+        QTRY_COMPARE(int(other.words.size()), 5);
+        QCOMPARE(QSet<QString>(other.words.begin(), other.words.end()),
+                 QSet<QString>{QString::fromLatin1(armword::kControlHeld)});
+        QCOMPARE(other.holder,
+                 QCoreApplication::applicationName() + QStringLiteral(" (127.0.0.1)"));
+        QCOMPARE(other.state("deadman"), 1);
+        QVERIFY(!controller->cell().isMoving());
+        QCOMPARE(controller->cell().mode(), 0);
+        QCOMPARE(controller->cell().arm(1).model().type(), 1);
+
+        // the holder moves all the while
+        robot->jog(1, 1, 0);
+        QTRY_VERIFY(controller->cell().isMoving());
+        controller->stepArms(0.1);
+
+        // when it lets go nothing starts, and the next that is asked for is taken
+        robot->setDeadman(false);
+        QTRY_VERIFY(!controller->cell().isMoving());
+        other.jog(1, 1, 0); // still held
+        other.key("robot", 1);
+        const int before = other.statuses;
+        QTRY_VERIFY(other.statuses > before);
+        controller->stepArms(1);
+        QVERIFY(!controller->cell().isMoving());
+        other.connection->send(message::RunToPoint, point);
+        QTRY_VERIFY(controller->cell().isMoving());
+        QCOMPARE(int(other.words.size()), 5);
+
+        // and this pendant, which comes second now, is refused in its turn
+        Ear ear;
+        robot->setDeadman(true);
+        QTRY_COMPARE(robot->get_deadman_state(), 1);
+        run({1, 1}, position(1)[0].mid(2));
+        QTRY_COMPARE(ear.words, QStringList(QString::fromLatin1(armword::kControlHeld)));
+        QVERIFY(controller->cell().isMoving());
+        robot->requestServo(false); // but stopping is everybody's right
+        QTRY_VERIFY(!controller->cell().isMoving());
+    }
+    void aJogThatIsRefusedIsSaidOnceWhileTheHolderMoves()
+    {
+        enable();
+        robot->jog(1, 1, 0);
+        QTRY_VERIFY(controller->cell().isMoving());
+        OtherPendant other(controller->port());
+        QTRY_VERIFY(other.connection->isOpen());
+        other.key("deadman", 1);
+        for (int i = 0; i < 5; ++i)
+            other.jog(2, 1, 0);
+        other.key("robot", 1);
+        QTRY_COMPARE(controller->received(wire::Key), 11); // 4 of this pendant
+        QTRY_COMPARE(other.words, QStringList(QString::fromLatin1(armword::kControlHeld)));
+        QVERIFY(controller->cell().isMoving());
+    }
+    void drivesOffIsTheEndOfControl()
+    {
+        enable();
+        OtherPendant other(controller->port());
+        QTRY_VERIFY(other.connection->isOpen());
+        other.key("deadman", 1);
+        other.key("servo", 0);
+        QTRY_COMPARE(robot->get_servo_state(), 1);
+        other.key("servo", 1); // first of those that hold their switches
+        QTRY_COMPARE(robot->get_servo_state(), 3);
+        QVERIFY(other.words.isEmpty());
+        QCOMPARE(robot->get_deadman_state(), 1);
+        Ear ear;
+        run({1, 1}, position(1)[0].mid(2));
+        QTRY_COMPARE(ear.words, QStringList(QString::fromLatin1(armword::kControlHeld)));
+        other.jog(1, 1, 0);
+        QTRY_VERIFY(controller->cell().isMoving());
+    }
+
+    // ---- a switch that is not renewed -------------------------------------------------------
+
+    void aSwitchLapses_data()
+    {
+        QTest::addColumn<int>("motion");
+        QTest::newRow("run of the axes") << 0;
+        QTest::newRow("run to a place") << 1;
+        QTest::newRow("jog of an axis") << 2;
+        QTest::newRow("jog of the pose") << 3;
+    }
+    /// In the time of the arms: half a second after its pendant was last heard they stand still.
+    void aSwitchLapses()
+    {
+        QFETCH(int, motion);
+        robot->disconnectFromController();
+        const int usual = SimulatedController::Options().switchLasts;
+        QVERIFY(usual <= 480);
+        startController(usual);
+        OtherPendant pendant(controller->port());
+        QTRY_VERIFY(pendant.connection->isOpen());
+        pendant.key("servo", 1);
+        pendant.key("deadman", 1);
+        QTRY_COMPARE(pendant.state("deadman"), 1);
+        if (motion < 2) {
+            pendant.connection->send(message::RunToPoint,
+                                     motion == 0
+                                         ? "{\"robot\":1,\"type\":1,\"position\":{\"values\":"
+                                           "[0,1,0,0,0,0,0,0.9,0,0,0,1.5,0,0]}}"
+                                         : "{\"robot\":1,\"type\":1,\"position\":{\"values\":"
+                                           "[1,1,0,0,0,0,0,800,500,900,3.14159,0,0,0]}}");
+        } else {
+            pendant.jog(1, 1, motion - 2);
+        }
+        QTRY_VERIFY(controller->cell().isMoving());
+        const auto heard = [&] {
+            const int before = controller->received(wire::Key);
+            pendant.key("deadman", 1);
+            return QTest::qWaitFor([&] { return controller->received(wire::Key) > before; });
+        };
+
+        // renewed in time it goes on
+        for (int i = 0; i < 2; ++i) {
+            for (int tick = 0; tick < 5; ++tick)
+                controller->stepArms(0.02);
+            QVERIFY(heard());
+        }
+        QVERIFY(controller->cell().isMoving());
+        double since = 0;
+        while (controller->cell().isMoving() && since < 2) {
+            controller->stepArms(0.02);
+            since += 0.02;
+            if (motion >= 2) {
+                // the jog key is still heard of: it is not the jog's own end that is seen here
+                const int before = controller->received(wire::Key);
+                pendant.jog(1, 1, motion - 2);
+                QTRY_COMPARE(controller->received(wire::Key), before + 1);
+            }
+        }
+        QVERIFY2(since <= 0.5, qPrintable(QString::number(since)));
+        QVERIFY2(since > 0.4, qPrintable(QString::number(since)));
+        QTRY_COMPARE(pendant.words, QStringList(QString::fromLatin1(armword::kNotRenewed)));
+        QCOMPARE(pendant.state("deadman"), 0);
+        const Joints where = controller->cell().arm(1).joints();
+
+        // late renewals change nothing, nor does what is asked for behind them
+        for (int i = 0; i < 3; ++i)
+            QVERIFY(heard());
+        pendant.jog(2, 1, 0);
+        QTRY_COMPARE(pendant.words.value(1), QString::fromLatin1(armword::kNotEnabled));
+        QCOMPARE(pendant.state("deadman"), 0);
+        controller->stepArms(0.02);
+        QCOMPARE(controller->cell().arm(1).joints(), where);
+
+        // let go and pressed anew it counts, and the arm waits to be asked
+        pendant.key("deadman", 0);
+        pendant.key("deadman", 1);
+        QTRY_COMPARE(pendant.state("deadman"), 1);
+        pendant.jog(2, 1, 0); // still held
+        controller->stepArms(0.02);
+        QVERIFY(heard());
+        QCOMPARE(controller->cell().arm(1).joints(), where);
+        pendant.jog(3, 1, 0);
+        QTRY_VERIFY(controller->cell().isMoving());
+    }
+    void aLapseGivesControlUp()
+    {
+        robot->disconnectFromController();
+        startController(SimulatedController::Options().switchLasts);
+        OtherPendant hung(controller->port());
+        OtherPendant waits(controller->port());
+        QTRY_VERIFY(hung.connection->isOpen() && waits.connection->isOpen());
+        hung.key("deadman", 1);
+        QTRY_COMPARE(hung.state("deadman"), 1);
+        waits.key("mode", 1);
+        QTRY_COMPARE(waits.words, QStringList(QString::fromLatin1(armword::kControlHeld)));
+        controller->stepArms(0.5);
+        waits.key("mode", 1);
+        QTRY_COMPARE(waits.state("teachMode"), 1);
+        QTRY_COMPARE(hung.state("deadman"), 0);
+    }
+    /// Robot renews its switch by itself, from the press to the release.
+    void thePendantRenewsItsSwitch()
+    {
+        robot->disconnectFromController();
+        startController(SimulatedController::Options().switchLasts);
+        enable();
+        QSignalSpy recorded(EventLog::getInstance(), &EventLog::recorded);
+        for (int i = 0; i < 10; ++i) {
+            const int before = controller->received(wire::Key);
+            QTRY_VERIFY(controller->received(wire::Key) > before);
+            controller->stepArms(0.4);
+        }
+        QCOMPARE(robot->get_deadman_state(), 1);
+        QCOMPARE(kindEntries(recorded, "key"), 0); // the journal has the press alone
     }
 
     /// With its own clock the controller moves by itself.
@@ -764,6 +969,7 @@ private slots:
         controller = std::make_unique<SimulatedController>();
         SimulatedController::Options options;
         options.directory = directory.path();
+        options.switchLasts = kHeldAllDay;
         QString error;
         QVERIFY(controller->start(options, &error));
         robot->connectToController(QStringLiteral("127.0.0.1"), controller->port());

@@ -3,41 +3,14 @@
 
 #include "link.h"
 #include "link/messages.h"
+#include "otherpendant.h"
+#include "simulator/armwords.h"
 #include "simulator/embeddedcontroller.h"
 #include "wire/ids.h"
 
 namespace {
 
 const QByteArray kGet = "{\"craftID\":3,\"robot\":1}\n";
-
-/// A pendant beside Robot: a connection of its own that keeps what it is sent.
-struct OtherPendant {
-    explicit OtherPendant(quint16 port)
-    {
-        auto *socket = new QTcpSocket;
-        connection = std::make_unique<wire::Connection>(socket, wire::Connection::Role::Pendant,
-                                                        Json::Value(), wire::Timing());
-        QObject::connect(connection.get(), &wire::Connection::received,
-                         [this](quint16 id, const QByteArray &body) {
-                             if (id == wire::Status)
-                                 status = *wire::parseObject(body);
-                             else
-                                 ++replies;
-                         });
-        socket->connectToHost(QHostAddress::LocalHost, port);
-    }
-    int state(const char *key) const { return wire::integer(status, key).value_or(-1); }
-    void key(const char *name, int value)
-    {
-        connection->send(wire::Key,
-                         "{\"key\":\"" + QByteArray(name)
-                             + "\",\"value\":" + QByteArray::number(value) + "}");
-    }
-
-    std::unique_ptr<wire::Connection> connection;
-    Json::Value status;
-    int replies = 0;
-};
 
 } // namespace
 
@@ -287,18 +260,56 @@ private slots:
         }
     }
 
-    void deadmanIsReleasedWithItsPendant()
+    void eachPendantIsToldItsOwnSwitch()
     {
         Desk desk;
         OtherPendant watcher(desk.controller->port());
+        OtherPendant holder(desk.controller->port());
+        QTRY_VERIFY(watcher.connection->isOpen() && holder.connection->isOpen());
+        holder.key("deadman", 1);
+        QTRY_COMPARE(holder.state("deadman"), 1);
+        watcher.status = Json::Value();
+        QTRY_COMPARE(watcher.state("deadman"), 0);
+        watcher.key("deadman", 1);
+        QTRY_COMPARE(watcher.state("deadman"), 1);
+        holder.key("deadman", 0);
+        QTRY_COMPARE(holder.state("deadman"), 0);
+        watcher.status = Json::Value();
+        QTRY_COMPARE(watcher.state("deadman"), 1);
+    }
+    void controlIsReleasedWithItsPendant()
+    {
+        Desk desk;
+        OtherPendant waits(desk.controller->port());
         {
             OtherPendant holder(desk.controller->port());
-            QTRY_VERIFY(holder.connection->isOpen());
+            QTRY_VERIFY(holder.connection->isOpen() && waits.connection->isOpen());
             holder.key("deadman", 1);
-            QTRY_COMPARE(watcher.state("deadman"), 1);
+            QTRY_COMPARE(holder.state("deadman"), 1);
+            waits.key("servo", 1);
+            QTRY_COMPARE(waits.words, QStringList(QString::fromLatin1(armword::kControlHeld)));
+            QCOMPARE(waits.state("servo"), 1);
         }
-        QTRY_COMPARE(watcher.state("deadman"), 0);
         QTRY_COMPARE(desk.controller->pendants(), 1);
+        waits.key("servo", 1);
+        QTRY_COMPARE(waits.state("servo"), 3);
+    }
+
+    /// A renewal is no news: neither a status nor anything else comes of it.
+    void renewalsAreNotAnswered()
+    {
+        Desk desk(0, 20, 3600 * 1000);
+        OtherPendant pendant(desk.controller->port());
+        QTRY_VERIFY(!pendant.status.isNull());
+        pendant.key("deadman", 1);
+        QTRY_COMPARE(pendant.state("deadman"), 1);
+        const int before = pendant.statuses;
+        for (int i = 0; i < 20; ++i)
+            pendant.key("deadman", 1);
+        pendant.key("robot", 1); // is answered behind them
+        QTRY_VERIFY(pendant.statuses > before);
+        QCOMPARE(pendant.statuses, before + 1);
+        QCOMPARE(desk.controller->refused(), 0);
     }
 
     void repliesGoToWhoAsked()
