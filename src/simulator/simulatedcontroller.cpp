@@ -241,7 +241,7 @@ const char *SimulatedController::takeSwitch(Pendant &pendant, bool held)
     const int number = pendant.session.number;
     if (!held)
         m_cell.letSwitchGo(number);
-    if (!held || m_cell.holdSwitch(number, now()))
+    if (!held || m_cell.holdSwitch(number, lastHeard()))
         sendStatus(pendant);
     return nullptr;
 }
@@ -377,6 +377,7 @@ void SimulatedController::moveOn()
     constexpr qint64 kLongest = 100;
     const qint64 elapsed = std::min(m_sinceStep.restart(), kLongest);
     expireSwitches();
+    m_ticks = {m_ticks[1], now()};
     if (m_cell.isMoving())
         stepArms(static_cast<double>(elapsed) / 1000.0);
 }
@@ -386,6 +387,13 @@ void SimulatedController::moveOn()
 double SimulatedController::now() const
 {
     return m_clock.isValid() ? static_cast<double>(m_clock.elapsed()) / 1000.0 : m_stepped;
+}
+
+/// When what is read now may have come at the earliest: after what was read before the last tick
+/// but one. What waited while this process did not run does not count as fresh.
+double SimulatedController::lastHeard() const
+{
+    return m_clock.isValid() ? m_ticks[0] : now();
 }
 
 void SimulatedController::expireSwitches()

@@ -98,6 +98,7 @@ private:
     void takeTypes();
     void moveOn();
     double now() const;
+    double lastHeard() const;
     void expireSwitches();
     QString holderName() const;
     void reply(wire::Connection *connection, quint16 request, quint16 id, const Json::Value &body);
@@ -120,6 +121,7 @@ private:
     QElapsedTimer m_sinceStep;
     QElapsedTimer m_clock; ///< of the enabling switches; without a motion interval it stands still
     double m_stepped = 0; ///< seconds, by stepArms()
+    std::array<double, 2> m_ticks{}; ///< when the arms last had their turns, the older one first
     int m_sessions = 0; ///< counted, so that each has a number of its own
 
     mutable QMutex m_mutex; ///< for what follows
