@@ -61,6 +61,18 @@
         <source>机器人没有该轴</source>
         <translation>The robot has no such axis</translation>
     </message>
+    <message>
+        <source>未执行：另一台示教器正在控制机器人</source>
+        <translation>Not done: another teach pendant has control of the robots</translation>
+    </message>
+    <message>
+        <source>使能中断：请松开使能键后重新按住</source>
+        <translation>Enabling was interrupted: let go of the enable key and hold it again</translation>
+    </message>
+    <message>
+        <source>未执行：%1 正在控制机器人</source>
+        <translation>Not done: %1 has control of the robots</translation>
+    </message>
 </context>
 <context>
     <name>EntryPanel</name>

@@ -281,6 +281,48 @@ private slots:
         QVERIFY(!key->isHeld());
     }
 
+    /// A switch that has lapsed shows that it does not count; let go and pressed anew it does.
+    void deadmanShowsThatItHasLapsed()
+    {
+        robot->setLinkTimes(quickTimes());
+        SimulatedController controller;
+        const QTemporaryDir directory;
+        SimulatedController::Options options;
+        options.directory = directory.path();
+        options.statusInterval = 20;
+        options.motionInterval = 0; // its time is what stepArms() makes of it
+        QString error;
+        QVERIFY2(controller.start(options, &error), qPrintable(error));
+        robot->connectToController(QStringLiteral("127.0.0.1"), controller.port());
+        QTRY_VERIFY(robot->isConnected() && robot->get_servo_state() != 0);
+        auto *key = find<DeadmanKey>("deadmanKey");
+        QTest::mousePress(key, Qt::LeftButton);
+        QTRY_VERIFY(key->text().contains(QStringLiteral("有效")));
+        QSignalSpy said(robot, &Robot::controllerSaid);
+        controller.stepArms(1);
+        QTRY_VERIFY(key->text().contains(QStringLiteral("无效")));
+        QVERIFY(key->isHeld());
+        QCOMPARE(said.value(0).value(0).toString(),
+                 QStringLiteral("使能中断：请松开使能键后重新按住"));
+        const int heard = controller.received(wire::Key);
+        QTRY_VERIFY(controller.received(wire::Key) > heard + 2); // renewed, in vain
+        QVERIFY(key->text().contains(QStringLiteral("无效")));
+        QTest::mouseRelease(key, Qt::LeftButton);
+        QTest::mousePress(key, Qt::LeftButton);
+        QTRY_VERIFY(key->text().contains(QStringLiteral("有效")));
+        QTest::mouseRelease(key, Qt::LeftButton);
+        QTRY_COMPARE(robot->get_deadman_state(), 0);
+        robot->disconnectFromController();
+    }
+    void aDeadmanThatGoesLetsGo()
+    {
+        auto key = std::make_unique<DeadmanKey>();
+        key->setHeld(true);
+        support::Journal journal;
+        key.reset();
+        QCOMPARE(journal.of("key"), (QVector<QVariantList>{{QStringLiteral("deadman"), 0}}));
+    }
+
     void keysShowWhatTheControllerReports()
     {
         auto *lamp = find<LinkLamp>("linkLamp");

@@ -124,6 +124,69 @@ private slots:
         MoreRobot::setCurrentRobot(1);
     }
 
+    /// A held switch is said again until it is let go, taken back, or the link is lost; nobody else
+    /// is told of it.
+    void aHeldSwitchIsRenewed_data()
+    {
+        QTest::addColumn<int>("end");
+        QTest::newRow("let go") << 0;
+        QTest::newRow("taken back") << 1;
+        QTest::newRow("link lost") << 2;
+    }
+    void aHeldSwitchIsRenewed()
+    {
+        QFETCH(int, end);
+        Desk desk;
+        Robot::LinkTimes times = quickTimes();
+        times.renewal = 5;
+        QVERIFY(connectTo(desk));
+        robot->setLinkTimes(times);
+        const auto heard = [&desk] { return desk.controller->received(wire::Key); };
+        QSignalSpy recorded(EventLog::getInstance(), &EventLog::recorded);
+        QSignalSpy sent(robot, &Robot::commandSent);
+        robot->setDeadman(true);
+        QTRY_COMPARE(robot->get_deadman_state(), 1);
+        int before = heard();
+        QTRY_VERIFY(heard() > before + 5);
+        QCOMPARE(kindEntries(recorded, "key"), 1);
+        QCOMPARE(int(recorded.count()), 1);
+        QCOMPARE(int(sent.count()), 0);
+
+        if (end == 0)
+            robot->setDeadman(false);
+        else if (end == 1)
+            robot->robot_key_slot_saftySwitchProcess(0);
+        else
+            QVERIFY(desk.restart());
+        if (end == 2) {
+            QTRY_COMPARE(desk.controller->pendants(), 1);
+            QTRY_VERIFY(robot->get_servo_state() != 0);
+        } else {
+            QTRY_COMPARE(robot->get_deadman_state(), 0);
+        }
+        // what is heard next is what is said next, however long that takes
+        before = heard();
+        QElapsedTimer since;
+        since.start();
+        QTRY_VERIFY(since.hasExpired(20 * times.renewal));
+        QCOMPARE(heard(), before);
+        QCOMPARE(robot->get_deadman_state(), 0);
+        robot->setDeadman(true); // pressed anew
+        QTRY_COMPARE(robot->get_deadman_state(), 1);
+        robot->setDeadman(false);
+    }
+    void aSwitchWithoutAControllerIsNotRenewed()
+    {
+        robot->setDeadman(true);
+        Desk desk;
+        QVERIFY(connectTo(desk));
+        QTRY_VERIFY(desk.controller->received(wire::Key) == 1); // which robot is worked with
+        robot->sendCommandData(message::GetPolish, kGet);
+        QTRY_COMPARE(desk.controller->received(message::GetPolish), 1);
+        QCOMPARE(robot->get_deadman_state(), 0);
+        robot->setDeadman(false);
+    }
+
     void polishingThereAndBack()
     {
         Desk desk;

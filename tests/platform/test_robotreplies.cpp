@@ -312,6 +312,45 @@ private slots:
         QCOMPARE(current.count(), 1);
     }
 
+    /// Who has control is named in the sentence; whatever the name holds, it stays one line of
+    /// text.
+    void whoHasControlIsNamed_data()
+    {
+        QTest::addColumn<QByteArray>("holder");
+        QTest::addColumn<QString>("text");
+        const QString nobody = QStringLiteral("未执行：另一台示教器正在控制机器人");
+        const QString named = QStringLiteral("未执行：%1 正在控制机器人");
+        QTest::newRow("named") << QByteArray("\"Cell 4 (10.0.0.7)\"")
+                               << named.arg(QStringLiteral("Cell 4 (10.0.0.7)"));
+        QTest::newRow("an old controller") << QByteArray() << nobody;
+        QTest::newRow("empty") << QByteArray("\"\"") << nobody;
+        QTest::newRow("no text") << QByteArray("7") << nobody;
+        QTest::newRow("controls") << QByteArray("\"a\\u0000b\\n\\u202ec\\u001b\"")
+                                  << named.arg(QStringLiteral("abc"));
+        QTest::newRow("nothing visible") << QByteArray("\"\\u200b\\n\"") << nobody;
+        QTest::newRow("a place for a number")
+            << QByteArray("\"%1 %2\"") << named.arg(QStringLiteral("%1 %2"));
+        QTest::newRow("long") << QByteArray("\"") + QByteArray(5000, 'x') + "\""
+                              << named.arg(QString(60, QLatin1Char('x')));
+    }
+    void whoHasControlIsNamed()
+    {
+        QFETCH(QByteArray, holder);
+        QFETCH(QString, text);
+        QSignalSpy said(robot, &Robot::controllerSaid);
+        status("{\"robot\":1,\"message\":\"controlHeld\""
+               + (holder.isNull() ? QByteArray() : ",\"holder\":" + holder) + "}");
+        QCOMPARE(said.count(), 1);
+        QCOMPARE(said.first().first().toString(), text);
+    }
+    void theNameIsForThatWordAlone()
+    {
+        QSignalSpy said(robot, &Robot::controllerSaid);
+        status("{\"robot\":1,\"message\":\"axisLimit\",\"holder\":\"x\"}");
+        QCOMPARE(said.first().first().toString(), QStringLiteral("已停止：轴到达限位"));
+        status("{\"robot\":1,\"holder\":\"x\"}");
+        QCOMPARE(said.count(), 1);
+    }
     void safetySwitchTakesTheEnablingSwitchBack()
     {
         status("{\"robot\":1,\"servo\":3,\"deadman\":1}");
