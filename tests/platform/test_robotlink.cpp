@@ -164,7 +164,9 @@ private slots:
         } else {
             QTRY_COMPARE(robot->get_deadman_state(), 0);
         }
-        // what is heard next is what is said next, however long that takes
+        // all that was said before has come
+        robot->sendCommandData(message::GetPolish, kGet);
+        QTRY_COMPARE(desk.controller->received(message::GetPolish), 1);
         before = heard();
         QElapsedTimer since;
         since.start();
