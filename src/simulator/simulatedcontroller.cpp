@@ -17,6 +17,10 @@ namespace {
 constexpr char kVersion[] = "1.0";
 constexpr int kIoBoard = 1;
 constexpr int kServoOff = 1;
+/// Connections that may wait for their greeting, and how many are accepted in one turn of the event
+/// loop: half as many, so that each is heard before those behind it can take its place.
+constexpr int kMaxWaiting = 16;
+constexpr int kAcceptedAtOnce = kMaxWaiting / 2;
 constexpr int kServoOn = 3;
 
 Json::Value names(const char *stem, int count)
@@ -54,7 +58,9 @@ SimulatedController::SimulatedController(QObject *parent) : QObject(parent)
         for (const HandlerRow &row : table)
             m_handlers.insert(row.id, row.handle);
     }
-    connect(&m_server, &QTcpServer::newConnection, this, &SimulatedController::welcome);
+    m_server.setMaxPendingConnections(kAcceptedAtOnce);
+    connect(&m_server, &QTcpServer::newConnection, this, &SimulatedController::welcome,
+            Qt::QueuedConnection);
     connect(&m_statusTimer, &QTimer::timeout, this, [this] { sendStatus(); });
     m_motionTimer.setTimerType(Qt::PreciseTimer);
     connect(&m_motionTimer, &QTimer::timeout, this, &SimulatedController::moveOn);
@@ -109,6 +115,7 @@ const JobProgram *SimulatedController::job(int robot, const QString &name)
 void SimulatedController::welcome()
 {
     while (QTcpSocket *socket = m_server.nextPendingConnection()) {
+        makeRoom();
         auto *connection = new wire::Connection(socket, wire::Connection::Role::Controller,
                                                 greeting(), m_timing, this);
         m_pendants.push_back({connection, {}, socket->peerAddress().toString()});
@@ -126,9 +133,19 @@ void SimulatedController::welcome()
     }
 }
 
+/// A pendant speaks at once: of too many that have not, the one that had the longest time goes.
+void SimulatedController::makeRoom()
+{
+    const auto waits = [](const Pendant &pendant) { return !pendant.connection->isGreeted(); };
+    if (std::count_if(m_pendants.begin(), m_pendants.end(), waits) < kMaxWaiting)
+        return;
+    const auto oldest = std::find_if(m_pendants.begin(), m_pendants.end(), waits);
+    oldest->connection->close(QStringLiteral("too many connections wait for their greeting"));
+}
+
 void SimulatedController::drop(wire::Connection *connection)
 {
-    if (!connection->peer().isNull())
+    if (connection->isGreeted())
         add(Count::Pendants, -1);
     if (const Pendant *pendant = find(connection))
         m_cell.letSwitchGo(pendant->session.number);

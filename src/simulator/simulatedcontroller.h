@@ -88,6 +88,7 @@ private:
     enum class Count { Refused, Unanswered, Unknown, Pendants };
 
     void welcome();
+    void makeRoom();
     void drop(wire::Connection *connection);
     Pendant *find(const wire::Connection *connection);
     void take(wire::Connection *connection, quint16 id, const QByteArray &body);

@@ -13,8 +13,16 @@ namespace {
 
 /// Bytes that are taken from the socket at a time; small enough to stay in the nearest cache.
 constexpr int kBlock = 16 * 1024;
-/// What may wait for a peer that does not read; four of the longest frames.
-constexpr qint64 kMaxUnsent = 4LL * kMaxBody;
+/// For how long messages are passed on in one turn of the event loop, in milliseconds.
+constexpr int kSlice = 10;
+/// After a slice the timer may not be due in the same turn.
+constexpr int kPause = 1;
+/// Bytes that may wait to be passed on; the rest waits at the other end, which is slowed down by
+/// that. Before the greeting it is what the longest greeting needs.
+constexpr qint64 kMaxUnread = 1024 * 1024;
+constexpr qint64 kMaxUnreadGreeting = kHeaderSize + kMaxGreetingBody;
+/// What may wait, beside the message that is sent, for a peer that does not read.
+constexpr qint64 kMaxUnsent = 4 * 1024 * 1024;
 
 const char *roleName(Connection::Role role)
 {
@@ -51,6 +59,8 @@ Connection::Connection(QTcpSocket *socket, Role role, const Json::Value &greetin
       m_block(kBlock)
 {
     m_socket->setParent(this);
+    m_socket->setReadBufferSize(kMaxUnreadGreeting);
+    m_decoder.setMaxBody(kMaxGreetingBody);
     m_greeting["protocol"] = kProtocol;
     m_greeting["role"] = roleName(role);
 
@@ -120,8 +130,8 @@ void Connection::onConnected()
 
 void Connection::onReadyRead()
 {
-    m_silentFor = 0;
-    deliver();
+    if (!m_recall.isActive()) // else this turn of the event loop has had its share
+        deliver();
 }
 
 void Connection::tick()
@@ -143,6 +153,8 @@ void Connection::deliver()
     if (m_state == State::Closed)
         return;
     const QPointer<Connection> alive(this);
+    QElapsedTimer slice;
+    slice.start();
     while (nextFrame()) {
         // The receiver may run an event loop of its own: what is here already comes through that.
         if (!m_recall.isActive() && hasMore())
@@ -150,6 +162,11 @@ void Connection::deliver()
         handle(m_decoder.take());
         if (!alive || m_state == State::Closed)
             return;
+        // The screen and the timers come first; the rest comes in the next turn.
+        if (slice.hasExpired(kSlice) && hasMore()) {
+            m_recall.start(kPause);
+            return;
+        }
     }
     m_recall.stop();
     if (m_decoder.failed())
@@ -167,26 +184,42 @@ bool Connection::nextFrame()
     while (!m_decoder.failed()) {
         if (m_taken == m_filled) {
             m_taken = 0;
-            m_filled =
-                static_cast<int>(std::max<qint64>(0, m_socket->read(m_block.data(), kBlock)));
+            m_filled = fillBlock();
             if (m_filled == 0)
                 return false;
         }
         m_taken += m_decoder.read(m_block.data() + m_taken, m_filled - m_taken);
-        if (m_decoder.hasFrame())
+        if (m_decoder.hasFrame()) {
+            // Only what is whole counts as heard: the pieces of a frame that never ends do not.
+            m_silentFor = 0;
             return true;
+        }
     }
     return false;
 }
 
+/// Takes the next bytes into the block and returns how many there were. A connection that has
+/// failed has only those that were there then.
+int Connection::fillBlock()
+{
+    if (m_state != State::Failing)
+        return static_cast<int>(std::max<qint64>(0, m_socket->read(m_block.data(), kBlock)));
+    const int size = std::min(kBlock, static_cast<int>(m_rest.size()) - m_restTaken);
+    std::copy_n(m_rest.constData() + m_restTaken, size, m_block.data());
+    m_restTaken += size;
+    return size;
+}
+
 bool Connection::hasMore() const
 {
-    return m_taken < m_filled || m_socket->bytesAvailable() > 0;
+    if (m_taken < m_filled)
+        return true;
+    return m_state == State::Failing ? m_restTaken < m_rest.size() : m_socket->bytesAvailable() > 0;
 }
 
 void Connection::handle(const Frame &frame)
 {
-    if (m_peer.isNull()) {
+    if (!isGreeted()) {
         if (m_role == Role::Pendant)
             takeAnswer(frame);
         else if (frame.id == Hello)
@@ -216,8 +249,7 @@ void Connection::answerHello(const QByteArray &body)
         close(QStringLiteral("refused: ") + reason);
         return;
     }
-    m_peer = *hello;
-    m_greetingTimer.stop();
+    greeted(*hello);
     write(HelloAnswer, writeLine(m_greeting));
     if (m_state == State::Greeting)
         m_state = State::Open;
@@ -239,11 +271,19 @@ void Connection::takeAnswer(const Frame &frame)
         close(reason);
         return;
     }
-    m_peer = *answer;
-    m_greetingTimer.stop();
+    greeted(*answer);
     if (m_state == State::Greeting)
         m_state = State::Open;
     emit opened();
+}
+
+/// The other end has told who it is, and may say more at a time from here on.
+void Connection::greeted(const Json::Value &peer)
+{
+    m_peer = peer;
+    m_greetingTimer.stop();
+    m_decoder.setMaxBody(kMaxBody);
+    m_socket->setReadBufferSize(kMaxUnread);
 }
 
 void Connection::write(quint16 id, const QByteArray &body)
@@ -263,6 +303,7 @@ void Connection::fail(const QString &reason)
     m_timer.stop();
     m_greetingTimer.stop();
     m_socket->disconnect(this);
+    m_rest = m_socket->read(m_socket->bytesAvailable());
     m_recall.start(0); // what came whole before is delivered first
 }
 

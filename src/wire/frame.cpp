@@ -97,7 +97,7 @@ void FrameDecoder::checkHeader()
     }
     if (m_headerSize >= kChecksumAt) {
         const quint32 length = qFromBigEndian<quint32>(m_header + kLengthAt);
-        if (length > static_cast<quint32>(kMaxBody)) {
+        if (length > static_cast<quint32>(m_maxBody)) {
             m_error = Error::Length;
             return;
         }

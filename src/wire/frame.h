@@ -41,6 +41,9 @@ class FrameDecoder {
 public:
     enum class Error { None, Magic, Version, Length, Checksum };
 
+    /// The longest body from the next frame on, 0 to kMaxBody; without this call it is kMaxBody.
+    void setMaxBody(int size) { m_maxBody = size; }
+
     /// Reads from `data` up to the end of the current frame, at most `size` bytes, and returns how
     /// many it took. Whole frames have to be fetched with take() before more is read: the call
     /// takes nothing while one is waiting, nor after an error.
@@ -63,6 +66,7 @@ private:
     char m_header[kHeaderSize] = {};
     int m_headerSize = 0;
     int m_bodySize = 0;
+    int m_maxBody = kMaxBody;
     int m_bodyLength = 0; ///< as the header says, once it is complete
     bool m_whole = false;
     Error m_error = Error::None;

@@ -13,6 +13,15 @@ namespace {
 
 constexpr wire::Timing kQuick{20, 150, 300};
 
+/// The frames of that many messages, with the ids from 1000 on.
+QByteArray numbered(int count)
+{
+    QByteArray bytes;
+    for (int i = 0; i < count; ++i)
+        bytes += wire::encodeFrame(static_cast<quint16>(1000 + i), {});
+    return bytes;
+}
+
 QByteArray answer(int protocol = wire::kProtocol, const char *role = "controller")
 {
     return "{\"protocol\":" + QByteArray::number(protocol) + ",\"role\":\"" + role
@@ -20,6 +29,8 @@ QByteArray answer(int protocol = wire::kProtocol, const char *role = "controller
 }
 
 } // namespace
+
+Q_DECLARE_METATYPE(wire::Connection::Role)
 
 class TestConnection : public QObject {
     Q_OBJECT
@@ -45,6 +56,24 @@ class TestConnection : public QObject {
         std::vector<wire::Frame> messages;
         QStringList closed;
     };
+
+    static bool areNumbered(const std::vector<wire::Frame> &messages, int count)
+    {
+        if (static_cast<int>(messages.size()) != count)
+            return false;
+        for (int i = 0; i < count; ++i) {
+            if (messages[static_cast<size_t>(i)].id != 1000 + i)
+                return false;
+        }
+        return true;
+    }
+
+    /// Each message keeps its receiver busy for so long, in milliseconds.
+    static void makeSlow(const End &end, unsigned long time)
+    {
+        QObject::connect(end.connection.get(), &Connection::received, end.connection.get(),
+                         [time] { QThread::msleep(time); });
+    }
 
     /// Lets both ends come together and takes the pendant's hello.
     static bool meet(RawPeer &peer, wire::Frame *hello = nullptr)
@@ -112,6 +141,45 @@ private slots:
         QTRY_COMPARE(peer.socket()->state(), QAbstractSocket::UnconnectedState);
     }
 
+    void lengthOfAGreeting_data()
+    {
+        QTest::addColumn<Connection::Role>("role");
+        QTest::addColumn<int>("length");
+        for (const auto &row : {std::make_pair("pendant", Connection::Role::Pendant),
+                                std::make_pair("controller", Connection::Role::Controller)}) {
+            QTest::addRow("%s, longest", row.first) << row.second << wire::kMaxGreetingBody;
+            QTest::addRow("%s, one over", row.first) << row.second << wire::kMaxGreetingBody + 1;
+        }
+    }
+    /// Before the greeting a length is judged as soon as it can be read; no body has to come.
+    void lengthOfAGreeting()
+    {
+        QFETCH(Connection::Role, role);
+        QFETCH(int, length);
+        RawPeer peer;
+        End end(peer.port(), {}, role);
+        QTRY_VERIFY(peer.socket());
+        const bool isPendant = role == Connection::Role::Pendant;
+        const QByteArray greeting = answer(wire::kProtocol, isPendant ? "controller" : "pendant");
+        const QByteArray frame = wire::encodeFrame(
+            isPendant ? wire::HelloAnswer : wire::Hello,
+            greeting + QByteArray(length - static_cast<int>(greeting.size()), ' '));
+        constexpr int kUpToTheLength = 12;
+        peer.send(frame.left(kUpToTheLength));
+        if (length > wire::kMaxGreetingBody) {
+            QTRY_COMPARE(end.closed.size(), 1);
+            QVERIFY(end.closed.first().contains(QLatin1String("longer than allowed")));
+            QCOMPARE(end.opened, 0);
+            return;
+        }
+        // behind the greeting a body may be as long as any
+        peer.send(frame.mid(kUpToTheLength)
+                  + wire::encodeFrame(1000, QByteArray(2 * 1024 * 1024, 'x')));
+        QTRY_COMPARE(static_cast<int>(end.messages.size()), 1);
+        QCOMPARE(end.opened, 1);
+        QVERIFY(end.closed.isEmpty());
+    }
+
     void controllerRefusesAnotherProtocol()
     {
         // Here the raw peer is the pendant: it speaks first and is shown the door with a reason.
@@ -158,6 +226,28 @@ private slots:
         QTRY_COMPARE(end.closed.size(), 1);
         QVERIFY(end.closed.first().contains(QLatin1String("nothing was heard")));
         QTRY_COMPARE(peer.socket()->state(), QAbstractSocket::UnconnectedState);
+    }
+
+    /// Who sends a byte now and then of a frame that never ends has said nothing.
+    void piecesOfAFrameAreNoSignOfLife()
+    {
+        RawPeer peer;
+        End end(peer.port(), kQuick);
+        QVERIFY(meet(peer));
+        peer.send(wire::HelloAnswer, answer());
+        QTRY_COMPARE(end.opened, 1);
+        const QByteArray frame = wire::encodeFrame(1000, QByteArray(100000, 'x'));
+        int at = 0;
+        QTimer drip;
+        connect(&drip, &QTimer::timeout, this, [&] {
+            if (end.closed.isEmpty())
+                peer.send(frame.mid(at++, 1));
+        });
+        drip.start(5);
+        QTRY_COMPARE(end.closed.size(), 1);
+        QVERIFY(end.closed.first().contains(QLatin1String("nothing was heard")));
+        QVERIFY(at > 1 && at < frame.size());
+        QVERIFY(end.messages.empty());
     }
 
     void heartbeatsKeepItOpen()
@@ -260,6 +350,100 @@ private slots:
             QCOMPARE(end.messages[static_cast<size_t>(i)].id, quint16(1000 + i));
     }
 
+    /// Many messages at once do not keep the event loop from everything else.
+    void manyMessagesAreASliceOfEachTurn()
+    {
+        constexpr int kMessages = 100;
+        RawPeer peer;
+        End end(peer.port());
+        makeSlow(end, 2);
+        QVERIFY(meet(peer));
+        peer.send(wire::HelloAnswer, answer());
+        QTRY_COMPARE(end.opened, 1);
+        QTimer turns;
+        int sinceTurn = 0;
+        int most = 0;
+        connect(&turns, &QTimer::timeout, this, [&] { sinceTurn = 0; });
+        connect(end.connection.get(), &Connection::received, this,
+                [&] { most = std::max(most, ++sinceTurn); });
+        turns.start(0);
+        peer.send(numbered(kMessages));
+        QTRY_VERIFY(static_cast<int>(end.messages.size()) >= kMessages);
+        QVERIFY(areNumbered(end.messages, kMessages));
+        // A slice holds at most six of 2 ms; two may follow each other when new bytes come.
+        QVERIFY2(most <= 12, qPrintable(QString::number(most)));
+    }
+
+    void theEndComesBehindAllSlices_data()
+    {
+        QTest::addColumn<QByteArray>("end");
+        QTest::newRow("the peer goes") << QByteArray();
+        QTest::newRow("bad bytes") << QByteArray("garbage");
+    }
+    void theEndComesBehindAllSlices()
+    {
+        QFETCH(QByteArray, end);
+        constexpr int kMessages = 60;
+        RawPeer peer;
+        End pendant(peer.port());
+        makeSlow(pendant, 2);
+        int before = 0;
+        connect(pendant.connection.get(), &Connection::closed, this,
+                [&] { before = static_cast<int>(pendant.messages.size()); });
+        QVERIFY(meet(peer));
+        peer.send(wire::encodeFrame(wire::HelloAnswer, answer()) + numbered(kMessages) + end);
+        if (end.isEmpty())
+            peer.socket()->disconnectFromHost();
+        QTRY_COMPARE(pendant.closed.size(), 1);
+        QCOMPARE(before, kMessages);
+        QVERIFY(areNumbered(pendant.messages, kMessages));
+    }
+
+    /// What has come when a connection fails is all that it still passes on.
+    void aFailedConnectionEndsThoughThePeerGoesOn()
+    {
+        RawPeer peer;
+        End end(peer.port());
+        QVERIFY(meet(peer));
+        peer.send(wire::HelloAnswer, answer());
+        QTRY_COMPARE(end.opened, 1);
+        const auto more = [&] {
+            for (int i = 0; i < 10; ++i)
+                peer.send(2000, QByteArray(100, 'x'));
+        };
+        connect(end.connection.get(), &Connection::received, this, [&] {
+            QThread::msleep(1);
+            more();
+        });
+        more();
+        QTRY_VERIFY(!end.messages.empty());
+        while (end.connection->send(1000, QByteArray(1024 * 1024, 'x'))) { }
+        QTRY_COMPARE(end.closed.size(), 1);
+        QVERIFY(end.closed.first().contains(QLatin1String("does not read")));
+    }
+
+    /// The receiver of the first message waits for the last of many, which takes several slices.
+    void waitingReceiverGetsAllSlices()
+    {
+        constexpr int kMessages = 60;
+        RawPeer peer;
+        End end(peer.port());
+        makeSlow(end, 2);
+        bool waited = false;
+        connect(end.connection.get(), &Connection::received, this, [&](quint16 id) {
+            if (id == 1000) {
+                waited = QTest::qWaitFor(
+                    [&] { return static_cast<int>(end.messages.size()) == kMessages; });
+            }
+        });
+        QVERIFY(meet(peer));
+        peer.send(wire::encodeFrame(wire::HelloAnswer, answer()) + numbered(kMessages));
+        QTRY_VERIFY(waited);
+        QVERIFY(areNumbered(end.messages, kMessages));
+        peer.send(3000, "later");
+        QTRY_COMPARE(static_cast<int>(end.messages.size()), kMessages + 1);
+    }
+
     void receiverWithAnEventLoopOfItsOwn()
     {
         // The first message's receiver waits for the third; it and those behind come all the same,
@@ -348,6 +532,21 @@ private slots:
         while (sent < 100 && end.connection->send(1000, body))
             ++sent;
         QVERIFY(sent < 100);
+        QTRY_COMPARE(end.closed.size(), 1);
+    }
+
+    /// 4 MiB may wait beside the message that is sent.
+    void whatMayWaitForAPeer()
+    {
+        RawPeer peer;
+        End end(peer.port());
+        QVERIFY(meet(peer));
+        peer.send(wire::HelloAnswer, answer());
+        QTRY_COMPARE(end.opened, 1);
+        int sent = 0; // nothing leaves before the event loop runs
+        while (sent < 100 && end.connection->send(1000, QByteArray(1024 * 1024, 'x')))
+            ++sent;
+        QCOMPARE(sent, 4);
         QTRY_COMPARE(end.closed.size(), 1);
     }
 };
