@@ -8,6 +8,9 @@
 #include "simulator/embeddedcontroller.h"
 #include "wire/ids.h"
 
+#include <algorithm>
+#include <functional>
+
 namespace {
 
 const QByteArray kGet = "{\"craftID\":3,\"robot\":1}\n";
@@ -310,6 +313,83 @@ private slots:
         QTRY_VERIFY(pendant.statuses > before);
         QCOMPARE(pendant.statuses, before + 1);
         QCOMPARE(desk.controller->refused(), 0);
+    }
+
+    /// Sixteen connections may wait for their greeting; the next takes the place of the oldest.
+    void strangersWait()
+    {
+        constexpr int kWaiting = 16;
+        Desk desk;
+        OtherPendant pendant(desk.controller->port());
+        QTRY_VERIFY(pendant.connection->isOpen());
+        const auto isConnected = [](const std::unique_ptr<QTcpSocket> &socket) {
+            return socket->state() == QAbstractSocket::ConnectedState;
+        };
+        std::vector<std::unique_ptr<QTcpSocket>> strangers;
+        const auto connectOne = [&] {
+            strangers.push_back(std::make_unique<QTcpSocket>());
+            strangers.back()->connectToHost(QHostAddress::LocalHost, desk.controller->port());
+            const int expected = std::min(static_cast<int>(strangers.size()), kWaiting) + 1;
+            return QTest::qWaitFor([&] {
+                return isConnected(strangers.back())
+                    && desk.controller->findChildren<wire::Connection *>().size() == expected;
+            });
+        };
+        for (int i = 0; i < kWaiting; ++i)
+            QVERIFY(connectOne());
+        QVERIFY(std::all_of(strangers.begin(), strangers.end(), isConnected));
+        QVERIFY(connectOne());
+        QTRY_VERIFY(!isConnected(strangers.front()));
+        QVERIFY(std::all_of(strangers.begin() + 1, strangers.end(), isConnected));
+        QVERIFY(pendant.connection->isOpen());
+        // and who has something to say still gets in
+        OtherPendant late(desk.controller->port());
+        QTRY_VERIFY(late.connection->isOpen());
+    }
+
+    /// Strangers that come back as often as they are dropped do not keep a pendant out.
+    void pendantAmongStrangers()
+    {
+        Desk desk;
+        QObject strangers;
+        int dropped = 0;
+        const std::function<void()> connectOne = [&] {
+            auto *socket = new QTcpSocket(&strangers);
+            connect(socket, &QTcpSocket::disconnected, &strangers, [&, socket] {
+                ++dropped;
+                socket->deleteLater();
+                connectOne();
+            });
+            socket->connectToHost(QHostAddress::LocalHost, desk.controller->port());
+        };
+        for (int i = 0; i < 24; ++i)
+            connectOne();
+        QTRY_VERIFY(dropped > 24);
+        QVERIFY(connectTo(desk));
+        QTRY_COMPARE(desk.controller->pendants(), 1);
+    }
+
+    /// The others are told nothing when somebody goes who never said who he is.
+    void strangersThatGoAreNoNews()
+    {
+        Desk desk;
+        OtherPendant watcher(desk.controller->port());
+        QTRY_VERIFY(watcher.connection->isOpen());
+        int statuses = 0;
+        connect(watcher.connection.get(), &wire::Connection::received, this,
+                [&](quint16 id) { statuses += id == wire::Status ? 1 : 0; });
+        constexpr int kStrangers = 200;
+        QElapsedTimer taken;
+        taken.start();
+        for (int i = 0; i < kStrangers; ++i) {
+            QTcpSocket stranger;
+            stranger.connectToHost(QHostAddress::LocalHost, desk.controller->port());
+            QTRY_COMPARE(stranger.state(), QAbstractSocket::ConnectedState);
+            stranger.write("garbage");
+            QTRY_COMPARE(stranger.state(), QAbstractSocket::UnconnectedState);
+        }
+        QVERIFY(watcher.connection->isOpen());
+        QVERIFY(statuses <= taken.elapsed() / 10 + 2); // those that come by themselves
     }
 
     void repliesGoToWhoAsked()
