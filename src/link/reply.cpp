@@ -1,10 +1,9 @@
 #include "link/reply.h"
 
-#include "link/request.h"
+#include "link/reads.h"
 
 #include "eventlog.h"
 #include "morerobot.h"
-#include "robot.h"
 #include "snackbarmessage.h"
 
 #include <QComboBox>
@@ -90,23 +89,32 @@ std::optional<Reply> anyRobot(wire::reply::Id id, const QByteArray &body)
     return Reply(id, std::move(*root));
 }
 
-bool selectProcessNumber(QComboBox *selector, const Reply &reply)
+bool select(const Reply &reply, std::initializer_list<Named> names, bool isLast)
 {
-    const std::optional<int> number = reply.integer("craftID");
-    if (!number || *number > selector->count())
-        return true;
-    return followRow(selector, std::max(*number, 0) - 1);
+    const auto rowOf = [](int number) { return std::max(number, 0) - 1; };
+    reads::Numbers numbers;
+    bool isElsewhere = false;
+    for (const Named &named : names) {
+        const int current = named.selector->currentIndex();
+        numbers.append(named.number.value_or(current + 1));
+        isElsewhere |= named.number && rowOf(*named.number) != current;
+    }
+    if (reads::answersSelection(reply.id(), numbers, isLast) && isElsewhere)
+        return false;
+    const reads::Selection selection;
+    for (const Named &named : names) {
+        if (named.number && rowOf(*named.number) != named.selector->currentIndex())
+            named.selector->setCurrentIndex(rowOf(*named.number));
+    }
+    return true;
 }
 
-bool followRow(QComboBox *selector, int row)
+bool selectProcessNumber(QComboBox *selector, const Reply &reply)
 {
-    const bool wasAsked = request::takeAnswer(selector, row);
-    if (row == selector->currentIndex())
-        return true;
-    if (wasAsked && Robot::getInstance()->isConnected())
-        return false;
-    selector->setCurrentIndex(row);
-    return true;
+    std::optional<int> number = reply.integer("craftID");
+    if (number && *number > selector->count())
+        number.reset();
+    return select(reply, {{selector, number}});
 }
 
 namespace error {

@@ -3,6 +3,7 @@
 #include "wire/ids.h"
 #include "wire/json.h"
 
+#include <initializer_list>
 #include <optional>
 
 class QComboBox;
@@ -14,6 +15,7 @@ class Reply {
 public:
     Reply(wire::reply::Id id, Json::Value root);
 
+    wire::reply::Id id() const { return m_id; }
     const Json::Value &root() const { return m_root; }
     // Reads under a path of keys, `number("polish", "toolWear")`.
     template <typename... Keys> bool has(Keys... keys) const
@@ -91,19 +93,21 @@ std::optional<Reply> warnAndStop(wire::reply::Id id, const QByteArray &body, con
 /// The robot is not looked at.
 std::optional<Reply> anyRobot(wire::reply::Id id, const QByteArray &body);
 
-/// Sets `selector` to the row of the reply's process number, if it is there and at most the number
-/// of rows. There is no lower bound: 0 and below leave no row selected.
-///
-/// Setting the row makes the page ask anew. When the operator runs through the numbers, several
-/// answers are under way at once; to follow them all would chase the numbers for ever, and each
-/// would take away the number that was chosen last. So an answer to an earlier question, for a row
-/// that the operator has left since, is not followed; the result is then false, and the reply is to
-/// be dropped.
-bool selectProcessNumber(QComboBox *selector, const Reply &reply);
+/// A selector and the number that a reply names for it; none: the reply leaves it as it is.
+struct Named {
+    QComboBox *selector;
+    std::optional<int> number;
+};
 
-/// The same for a row that a reply names: sets it, unless it is a late answer for a row that was
-/// left.
-bool followRow(QComboBox *selector, int row);
+/// Sets each selector to the row of its number. There is no lower bound: 0 and below leave no row
+/// selected, and so does a number without a row. False, and nothing is set, when the reply is to be
+/// dropped: see link/reads.h. `isLast` is false for a reply behind which more of the same answer
+/// comes.
+bool select(const Reply &reply, std::initializer_list<Named> names, bool isLast = true);
+
+/// The same for the process number of a reply, "craftID", if it is there and at most the number of
+/// rows.
+bool selectProcessNumber(QComboBox *selector, const Reply &reply);
 
 /// The errors of the warning checks, shown for 5000 ms with kind 1. The two of the positions end
 /// with a full-width exclamation mark.

@@ -1,18 +1,12 @@
 #include "link/request.h"
 
+#include "link/reads.h"
+
 #include "morerobot.h"
 #include "robot.h"
 #include "wire/json.h"
 
 #include <QComboBox>
-#include <QVariant>
-
-namespace {
-
-constexpr char kAskedRows[] = "askedRows"; // property of a selector: rows that await their answer
-constexpr int kMostAsked = 32;
-
-} // namespace
 
 namespace request {
 
@@ -42,34 +36,19 @@ void send(message::Id id, const Json::Value &body)
     Robot::getInstance()->sendCommandData(id, wire::writeLine(body));
 }
 
-void ask(message::Id id, QComboBox *selector)
+void ask(message::Id id, wire::reply::Id answer, const QComboBox *selector)
 {
-    ask(id, {selector}, forRow(selector));
+    ask(id, answer, {selector}, forRow(selector));
 }
 
-void ask(message::Id id, std::initializer_list<QComboBox *> selectors, const Json::Value &body)
+void ask(message::Id id, wire::reply::Id answer, std::initializer_list<const QComboBox *> selectors,
+         const Json::Value &body)
 {
-    const bool isAnswered = Robot::getInstance()->isConnected();
-    for (QComboBox *selector : selectors) {
-        QVariantList rows = selector->property(kAskedRows).toList();
-        if (!isAnswered)
-            rows.clear(); // nor is what was asked before
-        else if (rows.size() >= kMostAsked)
-            rows.removeFirst(); // its answer was lost
-        if (isAnswered)
-            rows.append(selector->currentIndex());
-        selector->setProperty(kAskedRows, rows);
-    }
+    reads::Numbers numbers;
+    for (const QComboBox *selector : selectors)
+        numbers.append(selector->currentIndex() + 1);
+    reads::note(answer, numbers);
     send(id, body);
-}
-
-bool takeAnswer(QComboBox *selector, int row)
-{
-    QVariantList rows = selector->property(kAskedRows).toList();
-    if (!rows.removeOne(row))
-        return false;
-    selector->setProperty(kAskedRows, rows);
-    return true;
 }
 
 void sendEmpty(message::Id id)

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "link/messages.h"
+#include "wire/ids.h"
 
 #include <initializer_list>
 #include <json/json.h>
@@ -23,14 +24,12 @@ Json::Value forText(const QComboBox *selector, const char *key = "craftID");
 /// Sends `body` as one line of JSON.
 void send(message::Id id, const Json::Value &body);
 
-/// Sends a read of what belongs to the row of `selector`, with forRow() as its body, and notes that
-/// an answer for that row is to come.
-void ask(message::Id id, QComboBox *selector);
+/// Sends a read of what belongs to the row of `selector`, with forRow() as its body. `answer` is
+/// the reply that answers it; link/reads.h says what that does to the row.
+void ask(message::Id id, wire::reply::Id answer, const QComboBox *selector);
 /// The same with a body of its own, for the rows of several.
-void ask(message::Id id, std::initializer_list<QComboBox *> selectors, const Json::Value &body);
-
-/// An answer for that row has come: whether it was asked for by ask() and not answered before.
-bool takeAnswer(QComboBox *selector, int row);
+void ask(message::Id id, wire::reply::Id answer, std::initializer_list<const QComboBox *> selectors,
+         const Json::Value &body);
 
 /// Sends an empty body, as the reads of the laser family have it.
 void sendEmpty(message::Id id);

@@ -77,7 +77,8 @@ void TechnologyWidget::palletApproachParaWidget()
     showTitleAndPage(page::PalletApproach);
     showViewState(editPage(ui));
     approachWays();
-    request::ask(message::GetPalletApproach, ui->m_pPalletCraftNum);
+    request::ask(message::GetPalletApproach, wire::reply::robot_pallet_ApproachParameter,
+                 ui->m_pPalletCraftNum);
 }
 
 /// Shows the drawing of the chosen way.

@@ -126,7 +126,8 @@ void TechnologyWidget::palletSetTongsWidget()
 {
     showTitleAndPage(page::PalletGripper);
     showViewState(editPage(ui));
-    request::ask(message::GetPalletGripper, ui->m_pPalletCraftNum);
+    request::ask(message::GetPalletGripper, wire::reply::robot_pallet_ToolParameter,
+                 ui->m_pPalletCraftNum);
 }
 
 /// Shows as many grippers as there are, and asks for the frames of all four tools.

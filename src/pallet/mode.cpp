@@ -136,12 +136,14 @@ void TechnologyWidget::showPalletTypeWidget()
     showPage(page::PalletType);
     for (QWidget *control : typePageControls(ui))
         control->setEnabled(true);
-    request::ask(message::GetPalletMode, ui->m_pPalletCraftNum);
+    request::ask(message::GetPalletMode, wire::reply::robot_switchpalletmode,
+                 ui->m_pPalletCraftNum);
 }
 
 void TechnologyWidget::needchangePalletTechnologyNum()
 {
-    request::ask(message::GetPalletMode, ui->m_pPalletCraftNum);
+    request::ask(message::GetPalletMode, wire::reply::robot_switchpalletmode,
+                 ui->m_pPalletCraftNum);
 }
 
 QString TechnologyWidget::technologyNumberText() const
@@ -248,7 +250,8 @@ void TechnologyWidget::confirmPalletMode(int mode)
     SnackbarMessage::showMessage(tr(kSwitches[mode].done), 3000, 1, true);
     const Json::Value body = setMode(ui, mode);
     request::send(message::SetPalletMode, body);
-    request::ask(message::GetPalletMode, {ui->m_pPalletCraftNum}, body);
+    request::ask(message::GetPalletMode, wire::reply::robot_switchpalletmode,
+                 {ui->m_pPalletCraftNum}, body);
     openPalletMode(mode);
 }
 

@@ -143,7 +143,8 @@ void TechnologyWidget::palletOverlappingModelWidget()
     showViewState(editPage(ui));
     ui->overlapModeTab->writeHeader();
     repeatModel();
-    request::ask(message::GetPalletOverlap, ui->m_pPalletCraftNum);
+    request::ask(message::GetPalletOverlap, wire::reply::robot_pallet_OverlappingModel,
+                 ui->m_pPalletCraftNum);
 }
 
 /// The layers of a craft arrived.

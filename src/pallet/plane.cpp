@@ -137,6 +137,18 @@ void fillTemplate(const Form *ui, int type, const Reply &plane)
     selectAngle(ui->*row.singleRotation, plane.integer("pallet", row.block, kSingleKey));
 }
 
+/// A list of workpieces comes in chunks, each of which names its graphic; `start` counts from 1.
+bool isLastOfAnswer(const Reply &plane)
+{
+    const auto item = [&plane](const char *key) {
+        return wire::integer(plane.root(), "pallet", "custom", key);
+    };
+    const std::optional<int> sum = item("sum");
+    const std::optional<int> start = item("start");
+    const std::optional<int> count = item("count");
+    return !sum || !start || !count || qint64(*start) + *count > *sum;
+}
+
 void collectTemplate(const Form *ui, int type, Json::Value &pallet)
 {
     const TemplateRow &row = templateRow(type);
@@ -263,8 +275,8 @@ void TechnologyWidget::changePlanePicturesNum()
         (ui->*row.wholeRotation)->setCurrentIndex(0);
         (ui->*row.singleRotation)->setCurrentIndex(0);
     }
-    request::ask(message::GetPalletPlane, {ui->m_pPalletCraftNum, ui->planePicturesNumComboBox},
-                 planeRequest());
+    request::ask(message::GetPalletPlane, wire::reply::robot_pallet_PlaneModel,
+                 {ui->m_pPalletCraftNum, ui->planePicturesNumComboBox}, planeRequest());
 }
 
 void TechnologyWidget::planeTemplateSelectionWidget()
@@ -283,12 +295,10 @@ void TechnologyWidget::planeTemplateSelectionWidget()
 /// reply is to be dropped.
 bool TechnologyWidget::fillPlaneHead(const Reply &plane)
 {
-    const auto follow = [&plane](QComboBox *selector, const char *key) {
-        const std::optional<int> number = plane.integer(key);
-        return !number || reply::followRow(selector, std::max(*number, 0) - 1);
-    };
-    if (!follow(ui->m_pPalletCraftNum, "craftID")
-        || !follow(ui->planePicturesNumComboBox, "graphic"))
+    if (!reply::select(plane,
+                       {{ui->m_pPalletCraftNum, plane.integer("craftID")},
+                        {ui->planePicturesNumComboBox, plane.integer("graphic")}},
+                       isLastOfAnswer(plane)))
         return false;
     if (const auto type = plane.integer("pallet", "graphicType"))
         setRow(ui->planeTemplateComboBox, *type);

@@ -97,7 +97,8 @@ void TechnologyWidget::palletSetPositionWidget()
     ui->positionUnit->setText(App::isDeg ? tr("位置 mm，姿态 °") : tr("位置 mm，姿态 rad"));
     hideLivePosition();
     palletPositionTimer->start(kPollPeriod);
-    request::ask(message::GetPalletPosition, ui->m_pPalletCraftNum);
+    request::ask(message::GetPalletPosition, wire::reply::robot_pallet_PositionParameter,
+                 ui->m_pPalletCraftNum);
 }
 
 /// Until the controller tells where the robot is, the page does not pretend to know.
@@ -147,8 +148,7 @@ void TechnologyWidget::updatePalletPositionParameter(const QByteArray &body)
     if (!reply)
         return;
     // as it comes: a number without a row leaves no row selected
-    const std::optional<int> number = reply->integer("craftID");
-    if (number && !reply::followRow(ui->m_pPalletCraftNum, std::max(*number, 0) - 1))
+    if (!reply::select(*reply, {{ui->m_pPalletCraftNum, reply->integer("craftID")}}))
         return;
     const auto fill = [&](const char *key, PositionTexts &point, const QVector<QLabel *> &labels) {
         if (const Json::Value *values = reply->array("pallet", key))

@@ -133,7 +133,8 @@ void TechnologyWidget::palletSetTrayWidget()
     showTitleAndPage(page::PalletTray);
     ui->trayUnitNote->setText(App::isDeg ? QStringLiteral("mm / °") : QStringLiteral("mm / rad"));
     showViewState(editPage(ui));
-    request::ask(message::GetPalletTray, ui->m_pPalletCraftNum);
+    request::ask(message::GetPalletTray, wire::reply::robot_pallet_TrayParameter,
+                 ui->m_pPalletCraftNum);
 }
 
 /// Reads the three points of the chosen user coordinate.

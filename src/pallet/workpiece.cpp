@@ -86,7 +86,8 @@ void TechnologyWidget::palletWorkpieceParaWidget()
 
 void TechnologyWidget::getPalletWorkpieceParameter()
 {
-    request::ask(message::GetPalletWorkpiece, ui->m_pPalletCraftNum);
+    request::ask(message::GetPalletWorkpiece, wire::reply::robot_pallet_WorkpieceParameter,
+                 ui->m_pPalletCraftNum);
 }
 
 /// The workpiece of a craft arrived.

@@ -86,7 +86,7 @@ EditPage TechnologyWidget::polishPage() const
 void TechnologyWidget::showPolish()
 {
     showPage(page::PolishPara);
-    request::ask(message::GetPolish, ui->m_pPolishCombox);
+    request::ask(message::GetPolish, wire::reply::robot_Polish_Para, ui->m_pPolishCombox);
     showViewState(polishPage());
 }
 

@@ -19,6 +19,7 @@
 
 #include <QLabel>
 #include <QMap>
+#include <algorithm>
 #include <cmath>
 
 using support::child;
@@ -614,31 +615,55 @@ private slots:
         QVERIFY(drive("moveToJobPoint", name("JobPoint"), 6));
     }
 
-    /// The operator runs through the numbers faster than the answers come: the pages stay on the
-    /// one that was chosen last, and each choice is asked for once.
+    void theLastChoiceStays_data()
+    {
+        QTest::addColumn<int>("late");
+        QTest::newRow("at once") << 0;
+        QTest::newRow("late") << 100;
+    }
+    /// The operator runs through the numbers faster than the answers come: the pages come to rest
+    /// on the one that was chosen last, and each choice is asked for twice, by the operator and by
+    /// its answer.
     void theLastChoiceStays()
     {
+        QFETCH(int, late);
         QVERIFY(hand->touchAll({name("BtnPalletTech"), name("BtnPalletType")}));
         QVERIFY(settle());
-        const auto runThrough = [this](const char *selector, message::Id id) {
+        const auto runThrough = [&](const char *selector, message::Id id,
+                                    void (Robot::*reply)(const QByteArray &)) {
             constexpr int kLast = 5;
             auto *box = child<QComboBox>(pages, selector);
-            const int asked = desk->controller->received(id);
+            box->setCurrentIndex(0);
+            if (!settle())
+                return false;
+            QSignalSpy answers(robot, reply);
+            support::Journal journal;
+            if (late > 0)
+                desk->controller->setFault(id, Fault::Late, late);
             for (int row = 1; row <= kLast; ++row)
                 box->setCurrentIndex(row);
-            return settle() && box->currentIndex() == kLast
-                && desk->controller->received(id) - asked == kLast;
+            const bool came =
+                QTest::qWaitFor([&] { return answers.size() >= 2 * kLast; }, kPatience);
+            desk->controller->setFault(id, Fault::None);
+            const QVector<support::Message> messages = journal.messages();
+            const auto asked =
+                std::count_if(messages.begin(), messages.end(),
+                              [id](const support::Message &sent) { return sent.id == id; });
+            return came && asked == 2 * kLast && box->currentIndex() == kLast && settle()
+                && box->currentIndex() == kLast && answers.size() == 2 * kLast;
         };
-        QVERIFY(runThrough("m_pPalletCraftNum", message::GetPalletMode));
+        QVERIFY(runThrough("m_pPalletCraftNum", message::GetPalletMode,
+                           &Robot::robot_switchpalletmode));
         QVERIFY(hand->touch(name("BtnPalletComplete")));
         QVERIFY(hand->touch(name("planeModelBtn")));
         QVERIFY(settle());
-        QVERIFY(runThrough("planePicturesNumComboBox", message::GetPalletPlane));
+        QVERIFY(runThrough("planePicturesNumComboBox", message::GetPalletPlane,
+                           &Robot::robot_pallet_PlaneModel));
         QVERIFY(hand->touchAll({name("returnNavigationBtn7"), name("palletNavigationReturn")}));
         QVERIFY(leaveToMenu());
     }
 
-    void anAnswerThatComesTooLate_data()
+    void anAnswerToAPageThatWasLeft_data()
     {
         QTest::addColumn<QString>("way");
         QTest::addColumn<QString>("back");
@@ -652,8 +677,9 @@ private slots:
                                  << int(wire::reply::robot_pallet_PlaneModel);
     }
 
-    /// A page was left and another process number chosen before its answer came: that number stays.
-    void anAnswerThatComesTooLate()
+    /// A page was left and another process number chosen before its answer came: the answer selects
+    /// its number, as the operator asked for it, and what is chosen after that stays.
+    void anAnswerToAPageThatWasLeft()
     {
         QFETCH(QString, way);
         QFETCH(QString, back);
@@ -674,10 +700,45 @@ private slots:
         QVERIFY(hand->touchAll({way, back, name("palletNavigationReturn")}) && settle());
         QVERIFY(hand->choose(name("m_pPalletCraftNum"), kChosen) && settle());
         answerFor(9);
+        QCOMPARE(box->currentIndex(), 8);
+        QVERIFY(settle());
+        QCOMPARE(box->currentIndex(), 8);
+        QVERIFY(hand->choose(name("m_pPalletCraftNum"), kChosen) && settle());
         QCOMPARE(box->currentIndex(), kChosen);
         answerFor(8); // nobody asked for this: the controller chooses
         QCOMPARE(box->currentIndex(), 7);
         desk->controller->setFault(static_cast<unsigned short>(question), Fault::None);
+        QVERIFY(settle());
+        QVERIFY(leaveToMenu());
+    }
+
+    /// A list of workpieces comes in several replies; one that is dropped is dropped to its end.
+    void aListThatComesTooLate()
+    {
+        constexpr int kChosen = 3;
+        auto *box = child<QComboBox>(pages, "planePicturesNumComboBox");
+        const auto answer = [](const QByteArray &pallet) {
+            support::receive(wire::reply::robot_pallet_PlaneModel,
+                             "{\"robot\":1,\"graphic\":2,\"pallet\":{" + pallet + "}}");
+        };
+        const QByteArray first = "\"custom\":{\"sum\":12,\"start\":1,\"count\":10}";
+        const QByteArray last = "\"custom\":{\"sum\":12,\"start\":11,\"count\":2}";
+        QVERIFY(hand->touchAll({name("BtnPalletTech"), name("BtnPalletType")}) && settle());
+        QVERIFY(hand->touch(name("BtnPalletComplete")));
+        QVERIFY(hand->touch(name("planeModelBtn")) && settle());
+        // the test brings the answers, when it is time
+        desk->controller->setFault(message::GetPalletPlane, Fault::NoReply);
+        answer({}); // selects, and makes the page ask for the list
+        QCOMPARE(box->currentIndex(), 1);
+        QVERIFY(hand->choose(name("planePicturesNumComboBox"), kChosen));
+        for (const QByteArray &chunk : {first, last}) {
+            answer(chunk);
+            QCOMPARE(box->currentIndex(), kChosen);
+        }
+        answer(first); // that list was answered: this is another one
+        QCOMPARE(box->currentIndex(), 1);
+        desk->controller->setFault(message::GetPalletPlane, Fault::None);
+        QVERIFY(hand->touchAll({name("returnNavigationBtn7"), name("palletNavigationReturn")}));
         QVERIFY(settle());
         QVERIFY(leaveToMenu());
     }
