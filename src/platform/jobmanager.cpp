@@ -20,9 +20,15 @@ void JobManager::updateJobsFileInfo(int robot, bool newestFirst, const QString &
     JobStore *store = JobStore::getInstance();
     QVector<JobStore::File> jobs = store->files(robot);
     for (const JobStore::Unsaved &job : store->unsaved()) {
-        const auto hasName = [&](const JobStore::File &file) { return file.name == job.name; };
-        if (job.robot == robot && std::none_of(jobs.begin(), jobs.end(), hasName))
-            jobs.append({job.name, QDateTime(), job.text.size()});
+        if (job.robot != robot)
+            continue;
+        const auto found =
+            std::find_if(jobs.begin(), jobs.end(),
+                         [&](const JobStore::File &file) { return file.name == job.name; });
+        if (found != jobs.end() && found->kind != JobDirectory::File)
+            found->changed = {}; // what is in its way is not its file
+        if (found == jobs.end())
+            jobs.append({job.name, QDateTime(), job.text.size(), JobDirectory::File});
     }
     m_jobs.clear();
     for (const JobStore::File &job : jobs) {

@@ -22,6 +22,7 @@
 #include <QStackedLayout>
 #include <QTableWidget>
 #include <QVBoxLayout>
+#include <algorithm>
 
 namespace {
 
@@ -154,7 +155,10 @@ void JobPage::refresh()
         if (!name.isEmpty() && m_rows.at(row).file.name == name)
             m_table->selectRow(row);
     }
-    m_count->setText(tr("机器人 %1 · %2 个作业").arg(m_robot).arg(m_rows.size()));
+    const auto jobs = std::count_if(m_rows.begin(), m_rows.end(), [](const Row &row) {
+        return row.isUnsaved || row.file.kind == JobDirectory::File;
+    });
+    m_count->setText(tr("机器人 %1 · %2 个作业").arg(m_robot).arg(jobs));
     m_empty->setVisible(m_rows.isEmpty());
     m_table->setVisible(!m_rows.isEmpty());
     showSelected();
@@ -178,9 +182,11 @@ void JobPage::fill(int row)
 
 QString JobPage::stateOf(const Row &row, bool *isBad) const
 {
-    *isBad = row.isUnsaved;
+    *isBad = row.isUnsaved || row.file.kind != JobDirectory::File;
     if (row.isUnsaved)
         return tr("未保存：%1").arg(row.reason);
+    if (row.file.kind != JobDirectory::File)
+        return tr("不可读：%1").arg(JobDirectory::nameOf(row.file.kind));
     const JobStore::Verdict verdict = JobStore::getInstance()->verdict(m_robot, row.file.name);
     switch (verdict.state) {
     case JobStore::Verdict::Sent:
@@ -209,11 +215,13 @@ void JobPage::showSelected()
     const bool isUnsaved = row && row->isUnsaved;
     bool isBad = false;
     m_detail->setText(row ? row->file.name + QLatin1Char('\n') + stateOf(*row, &isBad) : QString());
-    m_open->setEnabled(row);
-    m_send->setEnabled(row);
-    m_remove->setEnabled(row);
+    const JobDirectory::Kind kind = row ? row->file.kind : JobDirectory::Unknown;
+    const bool canRead = isUnsaved || kind == JobDirectory::File;
+    m_open->setEnabled(row && canRead);
+    m_send->setEnabled(row && canRead);
+    m_remove->setEnabled(row && (canRead || kind == JobDirectory::Link)); // the link itself
     m_send->setVisible(!isUnsaved);
-    m_remove->setVisible(!isUnsaved);
+    m_remove->setVisible(!isUnsaved || kind == JobDirectory::Link); // it is in the job's way
     m_saveAgain->setVisible(isUnsaved);
     m_drop->setVisible(isUnsaved);
 }
@@ -243,7 +251,7 @@ void JobPage::turnSorting()
 void JobPage::open()
 {
     const Row *row = selected();
-    if (!row)
+    if (!row || !m_open->isEnabled()) // a double tap asks no button
         return;
     const QString name = row->file.name;
     const QString error = m_viewer->open(m_robot, name);
@@ -281,8 +289,12 @@ void JobPage::saveAgain()
 
 void JobPage::remove()
 {
-    if (const Row *row = selected())
-        ask(row->file.name, &JobPage::removeNow, row->file.name);
+    const Row *row = selected();
+    if (!row)
+        return;
+    const QString name = row->file.name;
+    const bool isLink = row->file.kind == JobDirectory::Link;
+    ask(isLink ? tr("%1（链接）").arg(name) : name, &JobPage::removeNow, name);
 }
 
 void JobPage::drop()

@@ -4,13 +4,9 @@
 #include "jobfile.h"
 #include "morerobot.h"
 #include "robot.h"
-#include "wholefile.h"
 
-#include <QDir>
-#include <QFileInfo>
 #include <QStandardPaths>
 #include <algorithm>
-#include <iterator>
 
 namespace {
 
@@ -19,58 +15,19 @@ void journal(const char *operation, const QString &name)
     EventLog::getInstance()->record(QStringLiteral("job"), {QString::fromLatin1(operation), name});
 }
 
-QString writeFile(const QString &path, const QByteArray &text)
+QString folderOf(int robot)
 {
-    const QString directory = QFileInfo(path).path();
-    if (!QDir().mkpath(directory))
-        return JobStore::tr("目录 %1 不能建立").arg(directory);
-    return writeWholeFile(path, text);
+    return QStringLiteral("robot%1").arg(robot);
 }
 
-struct CodeRange {
-    char32_t first;
-    char32_t last;
-};
-
-/// Characters that show nothing though their category says nothing of it. The others that Unicode
-/// calls default-ignorable are of the category Format or unassigned.
-constexpr CodeRange kInvisible[] = {
-    {U'\u034f', U'\u034f'}, // joiner of graphemes
-    {U'\u115f', U'\u1160'}, // fillers
-    {U'\u17b4', U'\u17b5'}, // vowels without a form
-    {U'\u180b', U'\u180f'}, // variation selectors
-    {U'\u2800', U'\u2800'}, // braille pattern without a dot
-    {U'\u3164', U'\u3164'}, // filler
-    {U'\ufe00', U'\ufe0f'}, // variation selectors
-    {U'\uffa0', U'\uffa0'}, // filler
-    {U'\U000e0100', U'\U000e01ef'}, // variation selectors
-};
-
-bool isInvisible(uint character)
+QString fileNameOf(const QString &name)
 {
-    return std::any_of(std::begin(kInvisible), std::end(kInvisible), [=](const CodeRange &range) {
-        return character >= range.first && character <= range.last;
-    });
+    return name + QLatin1String(jobfile::kSuffix);
 }
 
-/// Letters, digits, marks, punctuation, symbols and blanks; nothing that is invisible or
-/// unassigned.
-bool isPlainCharacter(uint character)
+bool isRobot(int robot)
 {
-    if (isInvisible(character))
-        return false;
-    switch (QChar::category(character)) {
-    case QChar::Other_Control:
-    case QChar::Other_Format:
-    case QChar::Other_Surrogate:
-    case QChar::Other_PrivateUse:
-    case QChar::Other_NotAssigned:
-    case QChar::Separator_Line:
-    case QChar::Separator_Paragraph:
-        return false;
-    default:
-        return true;
-    }
+    return robot >= 1 && robot <= MoreRobot::kRobots;
 }
 
 } // namespace
@@ -93,57 +50,54 @@ JobStore *JobStore::getInstance()
 void JobStore::setDirectory(const QString &directory)
 {
     m_directory = directory;
+    for (int robot = 1; robot <= MoreRobot::kRobots; ++robot)
+        directoryFor(robot).clearLeftOvers();
     emit changed();
 }
 
 QString JobStore::directoryOf(int robot) const
 {
-    return QStringLiteral("%1/robot%2").arg(m_directory).arg(robot);
+    return m_directory + QLatin1Char('/') + folderOf(robot);
+}
+
+JobDirectory JobStore::directoryFor(int robot, bool make) const
+{
+    return {m_directory, folderOf(robot), make};
 }
 
 QString JobStore::pathOf(int robot, const QString &name) const
 {
-    return directoryOf(robot) + QLatin1Char('/') + name + QLatin1String(jobfile::kSuffix);
-}
-
-bool JobStore::isValidName(const QString &name)
-{
-    static const QString forbidden = QStringLiteral("/\\:*?\"<>|");
-    if (name.isEmpty() || name != name.trimmed() || name.startsWith(QLatin1Char('.'))
-        || name.endsWith(QLatin1Char('.')) || name.at(0).isMark())
-        return false;
-    if (!name.isValidUtf16() || name.toUtf8().size() > kMaxNameBytes
-        || name != name.normalized(QString::NormalizationForm_C))
-        return false;
-    const auto characters = name.toUcs4();
-    return std::all_of(characters.begin(), characters.end(), [](uint character) {
-        return isPlainCharacter(character)
-            && (character > 0xffff || !forbidden.contains(QChar(static_cast<ushort>(character))));
-    });
+    return directoryOf(robot) + QLatin1Char('/') + fileNameOf(name);
 }
 
 QVector<JobStore::File> JobStore::files(int robot) const
 {
     QVector<File> found;
-    if (robot < 1 || robot > MoreRobot::kRobots)
+    if (!isRobot(robot))
         return found;
     const QString suffix = QLatin1String(jobfile::kSuffix);
-    const QDir directory(directoryOf(robot));
-    const QFileInfoList entries =
-        directory.entryInfoList({QLatin1Char('*') + suffix}, QDir::Files, QDir::Name);
-    for (const QFileInfo &entry : entries) {
-        const QString name = entry.fileName().chopped(suffix.size());
-        if (entry.fileName().endsWith(suffix) && isValidName(name))
-            found.append({name, entry.lastModified(), entry.size()});
+    const QVector<JobDirectory::Entry> entries = directoryFor(robot).entries(suffix);
+    for (const JobDirectory::Entry &entry : entries) {
+        const QString name = entry.fileName.chopped(suffix.size());
+        if (isValidName(name))
+            found.append({name, entry.changed, entry.bytes, entry.kind});
     }
     return found;
 }
 
+JobStore::File JobStore::file(int robot, const QString &name) const
+{
+    if (!isRobot(robot) || !isValidName(name))
+        return {};
+    const JobDirectory::Entry entry = directoryFor(robot).entry(fileNameOf(name));
+    return {name, entry.changed, entry.bytes, entry.kind};
+}
+
 QString JobStore::save(int robot, const QString &name, const QByteArray &text)
 {
-    const bool hasPlace = robot >= 1 && robot <= MoreRobot::kRobots && isValidName(name);
-    const QString reason =
-        hasPlace ? writeFile(pathOf(robot, name), text) : tr("名称 %1 不能用作文件名").arg(name);
+    const bool hasPlace = isRobot(robot) && isValidName(name);
+    const QString reason = hasPlace ? directoryFor(robot, true).write(fileNameOf(name), text)
+                                    : tr("名称 %1 不能用作文件名").arg(name);
     const int kept = indexOfUnsaved(robot, name);
     if (kept >= 0)
         m_unsaved.remove(kept);
@@ -161,26 +115,19 @@ QString JobStore::save(int robot, const QString &name, const QByteArray &text)
 
 QByteArray JobStore::read(int robot, const QString &name, QString *error) const
 {
-    QFile file(pathOf(robot, name));
-    if (!isValidName(name) || !file.open(QIODevice::ReadOnly)) {
-        *error = file.errorString();
-        return {};
-    }
-    if (file.size() > jobfile::kMaxBytes) {
-        *error = tr("文件太大");
-        return {};
-    }
-    const QByteArray text = file.readAll();
-    if (file.error() != QFileDevice::NoError)
-        *error = file.errorString();
-    return text;
+    if (isRobot(robot) && isValidName(name))
+        return directoryFor(robot).read(fileNameOf(name), jobfile::kMaxBytes, error);
+    *error = tr("名称 %1 不能用作文件名").arg(name);
+    return {};
 }
 
 QString JobStore::remove(int robot, const QString &name)
 {
-    QFile file(pathOf(robot, name));
-    if (!isValidName(name) || (!file.remove() && file.exists()))
-        return file.errorString();
+    if (!isRobot(robot) || !isValidName(name))
+        return tr("名称 %1 不能用作文件名").arg(name);
+    const QString reason = directoryFor(robot).remove(fileNameOf(name));
+    if (!reason.isEmpty())
+        return reason;
     journal("removeJob", name);
     m_verdicts.remove(pathOf(robot, name));
     emit changed();

@@ -1,6 +1,8 @@
 #pragma once
 
+#include "jobdirectory.h"
 #include "jobfault.h"
+#include "jobname.h"
 
 #include <QByteArray>
 #include <QDateTime>
@@ -12,7 +14,7 @@
 /// The job files of the robots, one directory each, and the jobs that could not be stored yet.
 ///
 /// A stored job is handed to the controller, when one is connected, and the controller's word on it
-/// is kept for as long as the file stays what it was.
+/// is kept for as long as the file stays what it was. How files are reached: JobDirectory.
 class JobStore : public QObject {
     Q_OBJECT
 public:
@@ -20,6 +22,7 @@ public:
         QString name; ///< without the suffix
         QDateTime changed;
         qint64 bytes = 0;
+        JobDirectory::Kind kind = JobDirectory::File; ///< what is no file is not opened
     };
     /// A job that is in memory only, because its file could not be written.
     struct Unsaved {
@@ -37,26 +40,29 @@ public:
 
     static JobStore *getInstance();
 
-    /// Where `robot1` to `robot4` stand. Without one, below the user's application data.
+    /// Where `robot1` to `robot4` stand. Without one, below the user's application data. What was
+    /// left there by a program that ended while it wrote is cleared.
     void setDirectory(const QString &directory);
     QString directoryOf(int robot) const;
     QString pathOf(int robot, const QString &name) const;
 
-    /// Whether the text may be the name of a job: docs/job-format.md says which may. It never
-    /// leads out of the robot's directory.
-    static bool isValidName(const QString &name);
-    /// The longest name, in bytes of UTF-8.
-    static constexpr int kMaxNameBytes = 100;
+    /// Whether the text may be the name of a job (jobname.h).
+    static bool isValidName(const QString &name) { return jobname::isValid(name); }
+    static constexpr int kMaxNameBytes = jobname::kMaxBytes;
 
-    /// The robot's job files, by name; empty for another robot than 1 to 4.
+    /// What stands in the robot's directory under the names of jobs, by name; empty for another
+    /// robot than 1 to 4.
     QVector<File> files(int robot) const;
+    /// One of them; its time is invalid when there is none.
+    File file(int robot, const QString &name) const;
 
     /// Writes the file so that a crash leaves the old one or the new one, and hands the job to the
     /// controller. Empty when it stands; else why not, and the job is kept among the unsaved.
     QString save(int robot, const QString &name, const QByteArray &text);
     /// Nothing with `error` filled when the file cannot be read.
     QByteArray read(int robot, const QString &name, QString *error) const;
-    /// Empty when the file is gone; else why not.
+    /// Empty when the file is gone; else why not. Of a link, the link itself goes; a folder or a
+    /// device is not removed.
     QString remove(int robot, const QString &name);
 
     const QVector<Unsaved> &unsaved() const { return m_unsaved; }
@@ -77,6 +83,7 @@ private:
 
     void takeVerdict(int robot, const QString &name, const JobFault &fault);
     void forgetSent();
+    JobDirectory directoryFor(int robot, bool make = false) const;
     int indexOfUnsaved(int robot, const QString &name) const;
     QString hand(int robot, const QString &name, const QByteArray &text);
 

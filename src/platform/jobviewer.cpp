@@ -9,7 +9,6 @@
 #include "wraplabel.h"
 
 #include <QEvent>
-#include <QFileInfo>
 #include <QHBoxLayout>
 #include <QHeaderView>
 #include <QLabel>
@@ -100,10 +99,10 @@ JobViewer::Stamp JobViewer::stampOf(int robot, const QString &name) const
         stamp.bytes = job->text.size();
         return stamp;
     }
-    const QFileInfo file(JobStore::getInstance()->pathOf(robot, name));
-    stamp.exists = file.exists();
-    stamp.changed = file.lastModified();
-    stamp.bytes = stamp.exists ? file.size() : 0;
+    const JobStore::File file = JobStore::getInstance()->file(robot, name);
+    stamp.exists = file.changed.isValid() && file.kind == JobDirectory::File;
+    stamp.changed = file.changed;
+    stamp.bytes = file.bytes;
     return stamp;
 }
 
@@ -121,6 +120,7 @@ QString JobViewer::open(int robot, const QString &name)
     m_robot = robot;
     m_name = name;
     m_stamp = stamp;
+    m_bytes = text.size();
     take(text);
     const int line = m_fault ? m_fault.line : 1;
     m_lines->selectRow(qBound(1, line, qMax(1, m_model->rowCount())) - 1);
@@ -210,8 +210,8 @@ void JobViewer::refreshHead()
         m_facts->clear();
         return;
     }
-    QString facts = tr("%1 行").arg(m_model->rowCount()) + QStringLiteral(" · ")
-        + jobwords::sizeText(m_stamp.bytes);
+    QString facts =
+        tr("%1 行").arg(m_model->rowCount()) + QStringLiteral(" · ") + jobwords::sizeText(m_bytes);
     if (m_stamp.changed.isValid())
         facts += QLatin1Char('\n') + jobwords::dateText(m_stamp.changed);
     m_facts->setText(facts);

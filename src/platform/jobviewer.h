@@ -68,6 +68,7 @@ private:
     int m_robot = 0;
     QString m_name;
     Stamp m_stamp;
+    qint64 m_bytes = 0; ///< that were read
     JobFault m_damage; ///< of a text that does not read
     JobFault m_fault; ///< that is shown: the damage, or what the controller refuses
 };

@@ -279,12 +279,18 @@ private slots:
         write(QStringLiteral("elsewhere"), sampleText(), 2);
         QVERIFY(QDir().mkpath(store()->pathOf(1, QStringLiteral("a directory"))));
         openArea();
-        QCOMPARE(column(Name), QStringList({QStringLiteral("STACK1"), QStringLiteral("small")}));
+        QCOMPARE(column(Name),
+                 QStringList({QStringLiteral("STACK1"), QStringLiteral("a directory"),
+                              QStringLiteral("small")}));
         const QFileInfo file(store()->pathOf(1, QStringLiteral("STACK1")));
         QCOMPARE(column(Date).first(),
                  file.lastModified().toLocalTime().toString(QStringLiteral("yyyy-MM-dd HH:mm")));
-        QCOMPARE(column(Size), QStringList({QStringLiteral("4.0 kB"), QStringLiteral("2 B")}));
-        QCOMPARE(column(State), QStringList({QStringLiteral("未发送"), QStringLiteral("未发送")}));
+        QCOMPARE(
+            column(Size),
+            QStringList({QStringLiteral("4.0 kB"), QStringLiteral("0 B"), QStringLiteral("2 B")}));
+        QCOMPARE(column(State),
+                 QStringList({QStringLiteral("未发送"), QStringLiteral("不可读：文件夹"),
+                              QStringLiteral("未发送")}));
         QCOMPARE(find<QLabel>("jobCount")->text(), QStringLiteral("机器人 1 · 2 个作业"));
         QVERIFY(!isShown("jobSaveAgain"));
         QVERIFY(!isShown("jobDrop"));
