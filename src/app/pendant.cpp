@@ -46,6 +46,8 @@ bool Pendant::connectController(const Options &options, QString *error)
     controller.directory = options.dataDirectory;
     if (options.switchLasts > 0)
         controller.switchLasts = options.switchLasts;
+    QObject::connect(&m_controller, &EmbeddedController::storeTold, &m_controller,
+                     [](const QString &sentence) { PrintLog::OutputToLog(sentence, 3); });
     QString reason;
     const quint16 port = m_controller.start(controller, &reason);
     if (port == 0) {

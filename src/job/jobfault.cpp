@@ -28,6 +28,11 @@ const Row rows[] = {
     {JobFault::Port, "Port", QT_TRANSLATE_NOOP("JobFault", "控制器没有端口 %1")},
     {JobFault::Variable, "Variable", QT_TRANSLATE_NOOP("JobFault", "控制器没有变量 %1")},
     {JobFault::TooLong, "TooLong", QT_TRANSLATE_NOOP("JobFault", "作业太长，最多 %1 行")},
+    {JobFault::Name, "Name", QT_TRANSLATE_NOOP("JobFault", "控制器不接受这个作业名称")},
+    {JobFault::TooMany, "TooMany",
+     QT_TRANSLATE_NOOP("JobFault", "控制器中这台机器人的作业已满，最多 %1 个")},
+    {JobFault::NoRoom, "NoRoom",
+     QT_TRANSLATE_NOOP("JobFault", "控制器中这台机器人的作业空间已满，最多 %1")},
     {JobFault::Other, "Other", QT_TRANSLATE_NOOP("JobFault", "控制器报告：%1")},
 };
 

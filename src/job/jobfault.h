@@ -23,6 +23,9 @@ struct JobFault {
         Port, ///< a port that the controller does not have; detail: DIN17
         Variable, ///< a variable that the controller does not have; detail: its name
         TooLong, ///< more lines than the controller takes; detail: how many it takes
+        Name, ///< a name that no job may have
+        TooMany, ///< the robot has as many jobs as the controller keeps; detail: how many
+        NoRoom, ///< the robot's jobs take more room than the controller has; detail: how much
         Other ///< a fault that this end has no word for; detail: the other end's word
     };
 

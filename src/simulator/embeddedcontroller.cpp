@@ -20,6 +20,7 @@ quint16 EmbeddedController::start(const SimulatedController::Options &options, Q
 {
     stop();
     m_controller = new SimulatedController;
+    connect(m_controller, &SimulatedController::storeTold, this, &EmbeddedController::storeTold);
     m_controller->moveToThread(&m_thread);
     m_thread.start();
     QString reason;

@@ -20,6 +20,10 @@ public:
     /// For what is safe from any thread; null when it is not running.
     SimulatedController *controller() const { return m_controller; }
 
+signals:
+    /// As SimulatedController says it, also while it starts.
+    void storeTold(const QString &sentence);
+
 private:
     QThread m_thread;
     SimulatedController *m_controller = nullptr;

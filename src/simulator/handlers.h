@@ -15,7 +15,7 @@ struct Session;
 struct Request {
     const Json::Value &body; ///< an object; empty for a message without a body
     ParameterStore &store;
-    /// Sends a reply to the pendant that asked.
+    /// Sends a reply to the pendant that asked, once what the message stores is on the disk.
     std::function<void(quint16 id, const Json::Value &body)> reply;
     Session &session; ///< of that pendant
     RobotCell &cell;
@@ -25,7 +25,8 @@ struct Request {
 };
 
 /// Carries a message out. Null when the controller took it, else what is wrong with it, for the
-/// log; a refused message changes nothing and gets no reply.
+/// log; a refused message changes nothing and gets no reply. What it stores is one transaction, and
+/// one that has met something unreadable in the store is refused, whatever the handler made of it.
 using Handler = const char *(*)(Request &request);
 
 struct HandlerRow {

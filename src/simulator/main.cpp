@@ -7,8 +7,10 @@
 
 #include <QCommandLineParser>
 #include <QCoreApplication>
+#include <QDate>
 #include <QStandardPaths>
 #include <cstdio>
+#include <sys/stat.h>
 #include <vector>
 
 namespace {
@@ -18,6 +20,7 @@ constexpr quint16 kUsualPort = 7701;
 
 struct Settings {
     SimulatedController::Options options;
+    QString restore; ///< the day whose copy of the store is put back first, or "last"
     std::vector<FaultRule> faults;
     std::vector<KinematicRule> kinematics;
 };
@@ -57,6 +60,10 @@ void declareOptions(QCommandLineParser &parser)
         {QStringLiteral("kinematic"),
          QStringLiteral("Kinematic type, 1 to 12, of a robot, 1 to 4. Repeatable."),
          QStringLiteral("ROBOT=TYPE")},
+        {QStringLiteral("restore"),
+         QStringLiteral("Put the copy of the parameter store of that day, 2026-11-21, back before "
+                        "anything else, or the last one; the store that was is kept."),
+         QStringLiteral("DATE|last")},
         {QStringLiteral("list-ids"), QStringLiteral("List the messages with their ids and end.")},
         {QStringLiteral("help"), QStringLiteral("Show this text and end.")},
     });
@@ -81,6 +88,13 @@ QString readSettings(const QCommandLineParser &parser, Settings &settings)
     if (settings.options.directory.isEmpty()) {
         settings.options.directory =
             QStandardPaths::writableLocation(QStandardPaths::AppDataLocation);
+    }
+
+    settings.restore = parser.value(QStringLiteral("restore"));
+    if (parser.isSet(QStringLiteral("restore")) && settings.restore != QLatin1String("last")
+        && !QDate::fromString(settings.restore, Qt::ISODate).isValid()) {
+        return QStringLiteral("\"%1\" is no day as 2026-11-21, nor \"last\".")
+            .arg(settings.restore);
     }
 
     const QStringList faults = parser.values(QStringLiteral("fault"));
@@ -108,6 +122,12 @@ QString readSettings(const QCommandLineParser &parser, Settings &settings)
 
 int run(const Settings &settings)
 {
+    QString sentence;
+    if (!settings.restore.isEmpty()) {
+        if (!ParameterStore::restore(settings.options.directory, settings.restore, &sentence))
+            return complain(sentence, EXIT_FAILURE);
+        say(sentence);
+    }
     SimulatedController controller;
     for (const FaultRule &rule : settings.faults)
         controller.setFault(rule.id, rule.fault, rule.milliseconds);
@@ -119,10 +139,14 @@ int run(const Settings &settings)
             complain(
                 QStringLiteral("refused 0x%1: %2").arg(id, 4, 16, QLatin1Char('0')).arg(reason), 0);
         });
+    QObject::connect(&controller, &SimulatedController::storeTold, &controller,
+                     [](const QString &told) { complain(told, 0); });
 
     QString error;
     if (!controller.start(settings.options, &error))
         return complain(error, EXIT_FAILURE);
+    if (controller.store().state() == ParameterStore::State::Unavailable)
+        return EXIT_FAILURE; // its own directory was chosen for it, and was told above
     say(QStringLiteral("listening on 127.0.0.1:%1").arg(controller.port()));
     say(QStringLiteral("data in %1").arg(settings.options.directory));
     const int code = QCoreApplication::exec();
@@ -134,6 +158,7 @@ int run(const Settings &settings)
 
 int main(int argc, char **argv)
 {
+    ::umask(0077); // what it stores is for its user alone
     QCoreApplication app(argc, argv);
     QCoreApplication::setApplicationName(QStringLiteral("controller"));
 

@@ -31,10 +31,14 @@ const char *getMode(Request &request)
     const std::optional<pallet::Craft> craft = pallet::craftOf(request.body, wrong);
     if (!craft)
         return wrong;
-    const std::optional<Json::Value> kept =
-        pallet::load(request.store, *craft, QStringLiteral("mode"));
+    const QString sub = QStringLiteral("mode");
+    const std::optional<Json::Value> kept = pallet::load(request.store, *craft, sub);
+    const std::optional<int> mode =
+        kept ? envelope::whole(*kept, kKey, 0, kNotSet) : std::optional<int>(kNotSet);
+    if (!mode)
+        pallet::markUnreadable(request.store, *craft, sub);
     Json::Value reply = pallet::replyFor(*craft);
-    reply[kKey] = kept ? envelope::whole(*kept, kKey, 0, kNotSet).value_or(kNotSet) : kNotSet;
+    reply[kKey] = mode.value_or(kNotSet);
     request.reply(wire::reply::robot_switchpalletmode, reply);
     return nullptr;
 }

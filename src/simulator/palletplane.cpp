@@ -119,8 +119,10 @@ Json::Value storedPlane(const ParameterStore &store, const Graphic &graphic)
 {
     Json::Value set = initial();
     const std::optional<Json::Value> kept = pallet::load(store, graphic.craft, subOf(graphic));
-    if (kept && merge(*kept, set))
+    if (kept && merge(*kept, set)) {
+        pallet::markUnreadable(store, graphic.craft, subOf(graphic));
         return initial();
+    }
     return set;
 }
 
@@ -129,6 +131,8 @@ Json::Value storedList(const ParameterStore &store, const Graphic &graphic)
 {
     const std::optional<Json::Value> kept = pallet::load(store, graphic.craft, listOf(graphic));
     const Json::Value *items = kept ? wire::array(*kept, "items") : nullptr;
+    if (kept && !items)
+        pallet::markUnreadable(store, graphic.craft, listOf(graphic));
     return items ? *items : Json::Value(Json::arrayValue);
 }
 

@@ -25,16 +25,23 @@ std::optional<Craft> craftOf(const Json::Value &body, const char *&wrong)
 Json::Value stored(const ParameterStore &store, const Craft &craft, const Topic &topic)
 {
     Json::Value set = topic.initial();
-    const std::optional<Json::Value> kept = load(store, craft, QString::fromLatin1(topic.sub));
-    // What an older store holds and is no longer taken counts as never stored.
-    if (kept && topic.merge(*kept, set))
+    const QString sub = QString::fromLatin1(topic.sub);
+    const std::optional<Json::Value> kept = load(store, craft, sub);
+    if (kept && topic.merge(*kept, set)) {
+        markUnreadable(store, craft, sub);
         return topic.initial();
+    }
     return set;
 }
 
 std::optional<Json::Value> load(const ParameterStore &store, const Craft &craft, const QString &sub)
 {
     return store.load({craft.robot, kPackage, craft.number, sub});
+}
+
+void markUnreadable(const ParameterStore &store, const Craft &craft, const QString &sub)
+{
+    store.markUnreadable({craft.robot, kPackage, craft.number, sub});
 }
 
 const char *keep(ParameterStore &store, const Craft &craft, const QString &sub,

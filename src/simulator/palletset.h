@@ -33,6 +33,8 @@ Json::Value stored(const ParameterStore &store, const Craft &craft, const Topic 
 /// What stands in the store under that name; nothing for what never was.
 std::optional<Json::Value> load(const ParameterStore &store, const Craft &craft,
                                 const QString &sub);
+/// What stands in the store under that name makes no sense.
+void markUnreadable(const ParameterStore &store, const Craft &craft, const QString &sub);
 /// Null, or that the store does not take it.
 const char *keep(ParameterStore &store, const Craft &craft, const QString &sub,
                  const Json::Value &set);

@@ -78,8 +78,9 @@ Json::Value defaults()
 Json::Value storedSet(const ParameterStore &store, const ParameterStore::Key &key)
 {
     Json::Value set = defaults();
-    if (const std::optional<Json::Value> stored = store.load(key))
-        merge(*stored, set);
+    const std::optional<Json::Value> stored = store.load(key);
+    if (stored && merge(*stored, set))
+        store.markUnreadable(key);
     return set;
 }
 

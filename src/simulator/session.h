@@ -2,6 +2,7 @@
 
 #include "simulator/arm.h"
 
+#include <QElapsedTimer>
 #include <json/json.h>
 
 /// A layout list that is coming in chunks: nothing of it is stored before it is complete.
@@ -19,4 +20,5 @@ struct Session {
     int robot = 1; ///< the one it works with; messages that name no robot are about this one
     Jog jog; ///< what was last asked for
     LayoutTransfer transfer;
+    QElapsedTimer sinceStoreWord; ///< since it was last told of the store; invalid: never was
 };

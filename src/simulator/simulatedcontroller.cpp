@@ -4,6 +4,7 @@
 #include "simulator/armwords.h"
 #include "simulator/envelope.h"
 #include "simulator/ports.h"
+#include "simulator/storewords.h"
 #include "wire/ids.h"
 
 #include <QPointer>
@@ -73,8 +74,8 @@ SimulatedController::~SimulatedController()
 
 bool SimulatedController::start(const Options &options, QString *error)
 {
-    if (!m_store.open(options.directory, error))
-        return false;
+    m_store.open(options.directory);
+    m_jobs.setLimits(options.jobs);
     m_timing = options.timing;
     if (!m_server.listen(QHostAddress::LocalHost, options.port)) {
         *error = QStringLiteral("Port %1 on 127.0.0.1 cannot be opened: %2.")
@@ -90,6 +91,7 @@ bool SimulatedController::start(const Options &options, QString *error)
         m_sinceStep.start();
         m_motionTimer.start(options.motionInterval);
     }
+    watchStore();
     return true;
 }
 
@@ -103,6 +105,7 @@ void SimulatedController::stop()
         m_pendants.back().connection->close(QStringLiteral("the controller stops"));
     m_jobs.clear();
     m_store.close();
+    m_storeFault.clear();
 }
 
 const JobProgram *SimulatedController::job(int robot, const QString &name)
@@ -202,10 +205,13 @@ const char *SimulatedController::carryOut(wire::Connection *connection, quint16 
     if (!parsed)
         return "the body is no JSON object";
     takeTypes();
+    if (!m_cell.isMoving()) // a copy of a large store takes its time
+        m_store.copyOncePerDay();
+    std::vector<std::pair<quint16, Json::Value>> replies;
     Request request{*parsed,
                     m_store,
-                    [=](quint16 replyId, const Json::Value &replyBody) {
-                        reply(connection, id, replyId, replyBody);
+                    [&replies](quint16 replyId, const Json::Value &replyBody) {
+                        replies.emplace_back(replyId, replyBody);
                     },
                     pendant->session,
                     m_cell,
@@ -213,7 +219,12 @@ const char *SimulatedController::carryOut(wire::Connection *connection, quint16 
                         sendStatus(*pendant, envelope::robot(*parsed).value_or(0), word);
                     },
                     m_jobs};
-    return handle(request);
+    const char *wrong = carryOut(*pendant, handle, request);
+    for (const auto &[replyId, replyBody] : replies) {
+        if (!wrong)
+            reply(connection, id, replyId, replyBody);
+    }
+    return wrong;
 }
 
 const char *SimulatedController::takeKey(Pendant &pendant, const QByteArray &body)
@@ -234,12 +245,16 @@ const char *SimulatedController::takeKey(Pendant &pendant, const QByteArray &bod
     } else if (name == QLatin1String("robot") && value(1, kRobots)) {
         session.robot = *value(1, kRobots);
         m_cell.release(session.number); // what it no longer looks at stands still
+        if (!session.sinceStoreWord.isValid())
+            greetOfStore(pendant);
     } else if (name == QLatin1String("kinematic") && value(1, 12)) {
         if (m_cell.isHeldByAnother(session.number))
             word = armword::kControlHeld;
         else
             setKinematicType(session.robot, *value(1, 12));
         takeTypes();
+    } else if (name == QLatin1String("restoreParameters") && value(0, 1)) {
+        return restoreStore(*value(0, 1) == 1);
     } else if (name == QLatin1String("jog") && value(0, kAxes)) {
         return takeJog(pendant, *key);
     } else {
@@ -357,10 +372,13 @@ void SimulatedController::sendStatus(const Pendant &pendant, int robot, const ch
         const QMutexLocker lock(&m_mutex);
         status["kinematicType"] = m_kinematicTypes.at(static_cast<size_t>(about - 1));
     }
-    if (word)
+    if (word) {
         status["message"] = word;
-    if (word && std::string_view(word) == armword::kControlHeld)
-        status["holder"] = holderName().toStdString();
+        if (std::string_view(word) == armword::kControlHeld)
+            status["holder"] = holderName().toStdString();
+        if (std::string_view(word) == storeword::kDamaged)
+            addCopy(status);
+    }
     pendant.connection->send(wire::Status, wire::writeLine(status));
 }
 

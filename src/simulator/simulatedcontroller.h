@@ -33,12 +33,15 @@ public:
         int motionInterval = 20; ///< milliseconds between two steps of the arms; 0: stepArms() only
         /// Milliseconds from the last word of a held enabling switch to its lapse.
         int switchLasts = static_cast<int>(1000 * EnablingSwitches::kLasts);
+        JobShelf::Limits jobs;
     };
 
     explicit SimulatedController(QObject *parent = nullptr);
     ~SimulatedController() override;
 
-    /// Opens the store and listens; false with `error` filled when either cannot be had.
+    /// Opens the store and listens; false with `error` filled when it cannot listen. A store that
+    /// cannot be used keeps no controller from starting: it is told, and what would need the store
+    /// is refused.
     bool start(const Options &options, QString *error);
     /// Ends all connections and closes the store.
     void stop();
@@ -49,6 +52,7 @@ public:
     /// the enabling switches too.
     void stepArms(double seconds);
     const RobotCell &cell() const { return m_cell; }
+    const ParameterStore &store() const { return m_store; }
     /// The job that was accepted for robot 1 to 4 under that name, also before the controller was
     /// last started; null when there is none.
     const JobProgram *job(int robot, const QString &name);
@@ -73,6 +77,8 @@ public:
 signals:
     /// A message was not carried out: its id and what is wrong with it.
     void messageRefused(quint16 id, const QString &reason);
+    /// Something is wrong with the parameter store, or it was put right: one sentence, for the log.
+    void storeTold(const QString &sentence);
 
 private:
     struct Pendant {
@@ -96,6 +102,14 @@ private:
     const char *takeKey(Pendant &pendant, const QByteArray &body);
     const char *takeJog(Pendant &pendant, const Json::Value &key);
     const char *takeSwitch(Pendant &pendant, bool held);
+    // storemessages.cpp
+    const char *carryOut(Pendant &pendant, Handler handle, Request &request);
+    const char *restoreStore(bool fromCopy);
+    void watchStore();
+    void greetOfStore(Pendant &pendant);
+    void tellOfStore(Pendant &pendant, const char *word);
+    void addCopy(Json::Value &status) const;
+
     void takeTypes();
     void moveOn();
     double now() const;
@@ -112,6 +126,7 @@ private:
     QTcpServer m_server{this}; // children, so that they go where this one is moved
     QTimer m_statusTimer{this};
     ParameterStore m_store;
+    QString m_storeFault; ///< the last that was told
     QHash<quint16, Handler> m_handlers;
     wire::Timing m_timing;
     std::vector<Pendant> m_pendants;

@@ -34,12 +34,19 @@ bool isPoint(const QString &inquire)
 Pose load(const ParameterStore &store, int robot, int number, const QString &what)
 {
     Pose pose{};
-    const std::optional<Json::Value> kept = store.load({robot, kPackage, number, what});
-    const Json::Value *values = kept ? wire::array(*kept, "pos") : nullptr;
-    if (!values || values->size() != pose.values.size())
+    const ParameterStore::Key key{robot, kPackage, number, what};
+    const std::optional<Json::Value> kept = store.load(key);
+    if (!kept)
         return pose;
-    for (Json::ArrayIndex i = 0; i < values->size(); ++i)
-        pose[i] = wire::asNumber(&(*values)[i]).value_or(0);
+    const Json::Value *values = wire::array(*kept, "pos");
+    bool isWhole = values && values->size() == pose.values.size();
+    for (Json::ArrayIndex i = 0; isWhole && i < values->size(); ++i) {
+        const std::optional<double> value = wire::asNumber(&(*values)[i]);
+        isWhole = value.has_value();
+        pose[i] = value.value_or(0);
+    }
+    if (!isWhole)
+        store.markUnreadable(key);
     return pose;
 }
 
@@ -196,10 +203,13 @@ std::optional<Pose> fromPoints(const KDL::Vector &origin, const KDL::Vector &alo
 
 Pose current(const ParameterStore &store, int robot)
 {
-    const std::optional<Json::Value> kept =
-        store.load({robot, kPackage, 0, QStringLiteral("current")});
-    const std::optional<int> number =
-        kept ? envelope::whole(*kept, "userNum", 1, kFrames) : std::nullopt;
+    const ParameterStore::Key key{robot, kPackage, 0, QStringLiteral("current")};
+    const std::optional<Json::Value> kept = store.load(key);
+    if (!kept)
+        return {};
+    const std::optional<int> number = envelope::whole(*kept, "userNum", 1, kFrames);
+    if (!number)
+        store.markUnreadable(key);
     return number ? load(store, robot, *number, kCalibration) : Pose{};
 }
 

@@ -417,13 +417,18 @@ private slots:
         QVERIFY(!second.start(options, &error)); // the port is taken
         QVERIFY(error.contains(QString::number(options.port)));
 
+        // A store that cannot be had keeps no controller from starting: it is told.
         options.port = 0;
         QFile file(directory.filePath(QStringLiteral("file")));
         QVERIFY(file.open(QIODevice::WriteOnly));
         options.directory = file.fileName() + QStringLiteral("/below");
+        QSignalSpy told(&second, &SimulatedController::storeTold);
         error.clear();
-        QVERIFY(!second.start(options, &error));
-        QVERIFY(!error.isEmpty());
+        QVERIFY2(second.start(options, &error), qPrintable(error));
+        QCOMPARE(static_cast<int>(told.count()), 1);
+        QVERIFY(told.last().first().toString().contains(options.directory));
+        QCOMPARE(second.store().state(), ParameterStore::State::Unavailable);
+        second.stop();
 
         // A store that is none.
         const QTemporaryDir spoilt;
@@ -432,9 +437,11 @@ private slots:
         database.write(QByteArray(5000, 'x'));
         database.close();
         options.directory = spoilt.path();
-        error.clear();
-        QVERIFY(!second.start(options, &error));
-        QVERIFY(error.contains(QLatin1String("controller.db")));
+        QVERIFY2(second.start(options, &error), qPrintable(error));
+        QCOMPARE(static_cast<int>(told.count()), 2);
+        QVERIFY(told.last().first().toString().contains(QLatin1String("controller.db")));
+        QCOMPARE(second.store().state(), ParameterStore::State::Damaged);
+        second.stop();
 
         options.directory = directory.path();
         QVERIFY2(second.start(options, &error), qPrintable(error)); // and nothing stuck
@@ -465,8 +472,19 @@ private slots:
             QVERIFY(!embedded.controller());
             QTRY_COMPARE(robot->link(), Robot::Link::Lost);
         }
+        // Without a place for its store it runs all the same, and says so; without a port it does
+        // not.
+        QSignalSpy told(&embedded, &EmbeddedController::storeTold);
+        const quint16 port = embedded.start(QStringLiteral("/proc/none"));
+        QVERIFY(port != 0);
+        QTRY_COMPARE(static_cast<int>(told.count()), 1);
+        SimulatedController::Options options;
+        options.directory = directory.path();
+        QTcpServer taken;
+        QVERIFY(taken.listen(QHostAddress::LocalHost));
+        options.port = taken.serverPort();
         QString error;
-        QCOMPARE(int(embedded.start(QStringLiteral("/proc/none"), &error)), 0);
+        QCOMPARE(int(embedded.start(options, &error)), 0);
         QVERIFY(!error.isEmpty());
         QVERIFY(!embedded.controller());
     }
