@@ -20,6 +20,9 @@ constexpr Word kWords[] = {
     {"outOfReach", QT_TRANSLATE_NOOP("Controller", "未动作：目标点不可达")},
     {"axisLimit", QT_TRANSLATE_NOOP("Controller", "已停止：轴到达限位")},
     {"noSuchAxis", QT_TRANSLATE_NOOP("Controller", "机器人没有该轴")},
+    {"storeDamaged", QT_TRANSLATE_NOOP("Controller", "控制器的参数已损坏，不能读取；未作任何修改")},
+    {"storeFailed", QT_TRANSLATE_NOOP("Controller", "未保存：控制器不能写入参数")},
+    {"storeRestored", QT_TRANSLATE_NOOP("Controller", "控制器的参数已恢复，请重新打开页面")},
 };
 
 /// A name from outside, without what could hide or disturb the sentence around it.

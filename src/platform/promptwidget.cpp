@@ -91,6 +91,21 @@ const Kind kinds[] = {
      QT_TRANSLATE_NOOP("PromptWidget", "确定删除程序%1吗？删除后不能恢复。"),
      QT_TRANSLATE_NOOP("PromptWidget", "确定删除所选程序吗？删除后不能恢复。"), kOk, kNo, NoTarget,
      &P::deleteXmlJob, nullptr, &P::cancelDeleteXmlJob},
+    {P::PROMPT_RESTORE_STORE, QT_TRANSLATE_NOOP("PromptWidget", "控制器参数已损坏"),
+     QT_TRANSLATE_NOOP("PromptWidget",
+                       "控制器的参数不能读取。取回%1的备份吗？"
+                       "不能读取的参数将是当时的值；损坏的文件会另外保留。"),
+     QT_TRANSLATE_NOOP("PromptWidget",
+                       "控制器的参数不能读取。取回最近的备份吗？损坏的文件会另外保留。"),
+     QT_TRANSLATE_NOOP("PromptWidget", "取回备份"), kNo, NoTarget, nullptr, nullptr, nullptr},
+    {P::PROMPT_EMPTY_STORE, QT_TRANSLATE_NOOP("PromptWidget", "控制器参数已损坏"),
+     QT_TRANSLATE_NOOP("PromptWidget",
+                       "控制器的参数不能读取，也没有备份。将不能读取的参数清空吗？"
+                       "损坏的文件会另外保留。"),
+     QT_TRANSLATE_NOOP("PromptWidget",
+                       "控制器的参数不能读取，也没有备份。将不能读取的参数清空吗？"
+                       "损坏的文件会另外保留。"),
+     QT_TRANSLATE_NOOP("PromptWidget", "清空"), kNo, NoTarget, nullptr, nullptr, nullptr},
 };
 
 const Kind *kindOf(PromptWidget::WIDGETNAME name)

@@ -34,7 +34,9 @@ public:
         PROMPT_COMPLETE_MODE = 55,
         PROMPT_CLEAN_TRACK = 56,
         PROMPT_COPY_TRACK = 57,
-        PROMPT_DELETE_PROJECT = 60
+        PROMPT_DELETE_PROJECT = 60,
+        PROMPT_RESTORE_STORE = 90,
+        PROMPT_EMPTY_STORE = 91
     };
 
     static PromptWidget *getInstance();

@@ -105,6 +105,12 @@ void Robot::setKinematicType(int type)
         d->sendKey("kinematic", type, true);
 }
 
+void Robot::restoreParameters(bool fromCopy)
+{
+    if (isSimulated())
+        d->sendKey("restoreParameters", fromCopy ? 1 : 0, true);
+}
+
 void Robot::jog(int axis, int direction, int coordinate)
 {
     if (axis == 0)

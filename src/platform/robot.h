@@ -69,6 +69,9 @@ public:
     /// A simulated controller makes the current robot one of another kinematic type, 1 to 12; a
     /// real one takes no such key, and none is sent to it. Another number does nothing.
     void setKinematicType(int type);
+    /// A simulated controller whose parameter store is damaged puts its last good copy back, or
+    /// begins empty what cannot be read when it has none. No other controller takes such a key.
+    void restoreParameters(bool fromCopy);
     /// Moves the current robot by hand for as long as this is said again and again, a few times a
     /// second: axis 1 to 7 forwards (+1) or backwards (-1), of the arm itself (coordinate 0) or of
     /// its Cartesian position (1). Axis 0 stops it. Other numbers do nothing.
@@ -95,6 +98,11 @@ signals:
     /// The controller says something to the operator, for instance why an arm does not move; the
     /// text is on screen already.
     void controllerSaid(const QString &text);
+    /// The controller's parameter store is damaged; `copy` is the day of its last good copy,
+    /// "2026-11-21", or empty. Said again and again for as long as something asks for it.
+    void storeDamaged(const QString &copy);
+    /// ... and was put right.
+    void storeRestored();
     /// The controller has checked a job that was handed to it; no fault: it takes it.
     void jobChecked(int robot, const QString &name, const JobFault &fault);
     /// The controller's IO ports, after each greeting.

@@ -18,6 +18,8 @@ namespace {
 
 /// A position has nine values; what is longer than this is none.
 constexpr Json::ArrayIndex kMaxPosition = 64;
+/// "2026-11-21"
+constexpr int kLongestDay = 10;
 
 void journalUnreadable(unsigned short id, const QString &path)
 {
@@ -245,8 +247,14 @@ void Robot::Private::applyStatus(const QByteArray &body)
     take("kinematicType", q->kinematicType, 1, 12);
     if (changed)
         emit q->statusChanged();
-    if (const std::optional<QString> message = wire::text(*status, "message"))
-        say(*message, wire::text(*status, "holder").value_or(QString()));
+    const std::optional<QString> message = wire::text(*status, "message");
+    if (!message)
+        return;
+    say(*message, wire::text(*status, "holder").value_or(QString()));
+    if (*message == QLatin1String("storeDamaged"))
+        emit q->storeDamaged(wire::text(*status, "copy").value_or(QString()).left(kLongestDay));
+    else if (*message == QLatin1String("storeRestored"))
+        emit q->storeRestored();
 }
 
 // {"robot": int, "name": text, "fault": word, "line": int, "detail": text}. The word of a job

@@ -13,6 +13,7 @@
 #include "screenhost.h"
 #include "snackbarmessage.h"
 #include "statusbar.h"
+#include "storerepair.h"
 #include "useraccounts.h"
 #include "userpage.h"
 
@@ -77,6 +78,7 @@ VeltrixWidgetFoundation::VeltrixWidgetFoundation(QWidget *parent)
     connect(UserAccounts::getInstance(), &UserAccounts::userChanged, this,
             &VeltrixWidgetFoundation::userChanged);
     connect(m_idleLock, &IdleLock::expired, UserAccounts::getInstance(), &UserAccounts::lock);
+    new StoreRepair(this);
     refreshTitle();
 }
 
