@@ -581,6 +581,51 @@ private slots:
         QVERIFY(journal.toasts().first().startsWith(QStringLiteral("作业 A 不能删除：")));
     }
 
+    /// What is no file is neither opened nor handed over; of a link, the link itself can go.
+    void aLinkInTheList()
+    {
+        write(QStringLiteral("A"), sampleText());
+        QVERIFY(QFile::link(store()->pathOf(1, QStringLiteral("A")),
+                            store()->pathOf(1, QStringLiteral("B"))));
+        QVERIFY(QDir().mkpath(store()->pathOf(1, QStringLiteral("C"))));
+        openArea();
+        QCOMPARE(stateOf(QStringLiteral("B")), QStringLiteral("不可读：链接"));
+        QCOMPARE(find<QLabel>("jobCount")->text(), QStringLiteral("机器人 1 · 1 个作业"));
+        touch(QStringLiteral("C"));
+        for (const char *button : {"jobOpen", "jobSend", "jobDelete"})
+            QVERIFY(!find<QPushButton>(button)->isEnabled());
+        touch(QStringLiteral("B"));
+        for (const char *button : {"jobOpen", "jobSend"})
+            QVERIFY(!find<QPushButton>(button)->isEnabled());
+        QTest::mouseDClick(table()->viewport(), Qt::LeftButton, {},
+                           table()->visualItemRect(table()->selectedItems().first()).center());
+        QVERIFY(!isShown("jobViewer"));
+        click("jobDelete");
+        QVERIFY(prompt()->question().contains(QStringLiteral("链接")));
+        answer("promptConfirm");
+        QCOMPARE(column(Name), QStringList({QStringLiteral("A"), QStringLiteral("C")}));
+        QVERIFY(QFile::exists(store()->pathOf(1, QStringLiteral("A"))));
+    }
+
+    /// A link in the way of a job that is not stored yet can be removed without dropping the job.
+    void aLinkInTheWayOfAJob()
+    {
+        write(QStringLiteral("A"), sampleText());
+        QVERIFY(QFile::link(store()->pathOf(1, QStringLiteral("A")),
+                            store()->pathOf(1, QStringLiteral("B"))));
+        QVERIFY(!store()->save(1, QStringLiteral("B"), sampleText()).isEmpty());
+        openArea();
+        touch(QStringLiteral("B"));
+        QVERIFY(isShown("jobDelete"));
+        QVERIFY(find<QPushButton>("jobOpen")->isEnabled()); // what is in memory
+        click("jobDelete");
+        answer("promptConfirm");
+        QCOMPARE(static_cast<int>(store()->unsaved().size()), 1);
+        click("jobSaveAgain");
+        QVERIFY(store()->unsaved().isEmpty());
+        QCOMPARE(stateOf(QStringLiteral("B")), QStringLiteral("未发送"));
+    }
+
     // ---- jobs that are in memory only -----------------------------------------------------------
 
     void anUnsavedJobIsStoredAgain()

@@ -12,8 +12,11 @@
 #include "varcommand.h"
 
 #include <QDir>
+#include <QLocalServer>
 #include <QSignalSpy>
 #include <QTemporaryDir>
+#include <sys/stat.h>
+#include <sys/sysmacros.h>
 
 namespace {
 
@@ -357,6 +360,161 @@ private slots:
         error.clear();
         QCOMPARE(store()->read(1, "large", &error), QByteArray("text"));
         QCOMPARE(error, QString());
+    }
+
+    /// What is no file is listed as what it is; it is neither read nor written nor handed over.
+    void whatIsNoFile_data()
+    {
+        QTest::addColumn<int>("kind");
+        QTest::addColumn<bool>("canBeRemoved");
+        QTest::newRow("link to a file") << int(JobDirectory::Link) << true;
+        QTest::newRow("folder") << int(JobDirectory::Folder) << false;
+        QTest::newRow("pipe") << int(JobDirectory::Pipe) << false;
+        QTest::newRow("socket") << int(JobDirectory::Socket) << false;
+        QTest::newRow("device") << int(JobDirectory::Device) << false;
+    }
+    void whatIsNoFile()
+    {
+        QFETCH(int, kind);
+        QFETCH(bool, canBeRemoved);
+        QCOMPARE(store()->save(1, "b", "other"), QString());
+        const QTemporaryDir elsewhere;
+        const QString outside = elsewhere.filePath("secret");
+        QFile secret(outside);
+        QVERIFY(secret.open(QIODevice::WriteOnly));
+        QCOMPARE(secret.write("secret"), qint64(6));
+        secret.close();
+        const QByteArray path = QFile::encodeName(store()->pathOf(1, "a"));
+        QLocalServer server;
+        switch (kind) {
+        case JobDirectory::Link:
+            QVERIFY(QFile::link(outside, store()->pathOf(1, "a")));
+            break;
+        case JobDirectory::Folder:
+            QVERIFY(QDir().mkpath(store()->pathOf(1, "a")));
+            break;
+        case JobDirectory::Pipe:
+            QCOMPARE(::mkfifo(path.constData(), 0600), 0);
+            break;
+        case JobDirectory::Socket:
+            QVERIFY(server.listen(store()->pathOf(1, "a")));
+            break;
+        default:
+            if (::mknod(path.constData(), S_IFCHR | 0600, makedev(1, 5)) != 0)
+                QSKIP("only root makes devices");
+        }
+        const QVector<JobStore::File> files = store()->files(1);
+        QCOMPARE(files.size(), 2);
+        QCOMPARE(files.first().name, QStringLiteral("a"));
+        QCOMPARE(int(files.first().kind), kind);
+        QCOMPARE(files.first().bytes, qint64(0));
+        QCOMPARE(files.last().kind, JobDirectory::File);
+        JobManager manager;
+        manager.updateJobsFileInfo(1, false, "", "");
+        QVERIFY(manager.jobExists("a")); // the name is taken
+
+        QString error;
+        QCOMPARE(store()->read(1, "a", &error), QByteArray());
+        QVERIFY2(error.contains(JobDirectory::nameOf(JobDirectory::Kind(kind))), qPrintable(error));
+        QVERIFY(!store()->send(1, "a").isEmpty());
+        QVERIFY(!store()->save(1, "a", "new").isEmpty());
+        QCOMPARE(store()->unsaved().size(), 1);
+        QVERIFY(secret.open(QIODevice::ReadOnly));
+        QCOMPARE(secret.readAll(), QByteArray("secret"));
+        QCOMPARE(store()->files(1).size(), 2); // and nothing left beside it
+
+        QCOMPARE(store()->remove(1, "a").isEmpty(), canBeRemoved);
+        QCOMPARE(store()->files(1).size(), canBeRemoved ? 1 : 2);
+        QVERIFY(secret.exists());
+        if (canBeRemoved)
+            QCOMPARE(store()->saveAgain(1, "a"), QString());
+    }
+
+    /// A folder that leads elsewhere is not gone into, the robot's as little as the one above it.
+    void linkedFolders_data()
+    {
+        QTest::addColumn<bool>("isRobots");
+        QTest::newRow("robot") << true;
+        QTest::newRow("all jobs") << false;
+    }
+    void linkedFolders()
+    {
+        QFETCH(bool, isRobots);
+        const QTemporaryDir elsewhere;
+        QVERIFY(QDir(elsewhere.path()).mkpath("robot1"));
+        QFile outside(elsewhere.filePath("robot1/a.JBR"));
+        QVERIFY(outside.open(QIODevice::WriteOnly));
+        outside.write("secret");
+        outside.close();
+        const QString jobs = m_directory->filePath("jobs");
+        if (isRobots) {
+            QVERIFY(QDir().mkpath(jobs));
+            QVERIFY(QFile::link(elsewhere.filePath("robot1"), jobs + "/robot1"));
+        } else {
+            QVERIFY(QFile::link(elsewhere.path(), jobs));
+        }
+        store()->setDirectory(jobs);
+        QVERIFY(store()->files(1).isEmpty());
+        QString error;
+        QVERIFY(store()->read(1, "a", &error).isEmpty());
+        QVERIFY(error.contains(JobDirectory::nameOf(JobDirectory::Link)));
+        QVERIFY(!store()->remove(1, "a").isEmpty());
+        QVERIFY(!store()->save(1, "a", "new").isEmpty());
+        QVERIFY(!store()->save(1, "b", "new").isEmpty());
+        QCOMPARE(QDir(elsewhere.filePath("robot1")).entryList(QDir::Files), QStringList{"a.JBR"});
+        QVERIFY(outside.open(QIODevice::ReadOnly));
+        QCOMPARE(outside.readAll(), QByteArray("secret"));
+    }
+
+    /// How long a file is shows while it is read: these say that they are empty.
+    void sizesAreMeasured()
+    {
+        const QString process = QString::number(QCoreApplication::applicationPid());
+        const JobDirectory directory("/proc", process);
+        QVERIFY(directory.fault().isEmpty());
+        QCOMPARE(directory.entry("status").bytes, qint64(0));
+        QString error;
+        const QByteArray text = directory.read("status", 100000, &error);
+        QCOMPARE(error, QString());
+        QVERIFY(text.startsWith("Name:"));
+        QVERIFY(directory.read("status", 10, &error).isEmpty());
+        QCOMPARE(error, QStringLiteral("文件太大"));
+    }
+
+    /// What a program that was killed while it wrote has left goes at the next start; nothing else.
+    void leftOvers()
+    {
+        QCOMPARE(store()->save(1, "a", "text"), QString());
+        const QDir folder(store()->directoryOf(1));
+        const QString left = ".a.JBR.0123456789abcdef.part";
+        const QStringList others{"a.JBR.backup", ".a.JBR.0123.part", "a.JBR.0123456789abcdef.part",
+                                 ".notes.0123456789abcdef.part"};
+        for (const QString &name : QStringList(left) + others) {
+            QFile file(folder.filePath(name));
+            QVERIFY(file.open(QIODevice::WriteOnly));
+        }
+        const QString link = ".b.JBR.0123456789abcdef.part";
+        QVERIFY(QFile::link(folder.filePath("a.JBR"), folder.filePath(link)));
+        store()->setDirectory(m_directory->path());
+        QVERIFY(!folder.exists(left));
+        for (const QString &name : others + QStringList{link, "a.JBR"})
+            QVERIFY2(folder.exists(name), qPrintable(name));
+        QCOMPARE(store()->files(1).size(), 1);
+    }
+
+    void filesAreForOneUser()
+    {
+        store()->setDirectory(m_directory->filePath("jobs"));
+        QCOMPARE(store()->save(1, "a", "text"), QString());
+        const auto modeOf = [](const QString &path) {
+            struct stat state = {};
+            return ::stat(QFile::encodeName(path).constData(), &state) == 0
+                ? int(state.st_mode & 0777)
+                : -1;
+        };
+        QCOMPARE(modeOf(store()->pathOf(1, "a")), 0600);
+        QCOMPARE(modeOf(store()->directoryOf(1)), 0700);
+        QCOMPARE(modeOf(m_directory->filePath("jobs")), 0700);
     }
 
     /// What the controller says of a job belongs to the file it was handed.

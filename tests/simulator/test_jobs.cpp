@@ -46,6 +46,19 @@ class TestJobs : public QObject {
         body["text"] = sampleText().toStdString();
         return body;
     }
+    /// Another controller with the same store.
+    void restart(const JobShelf::Limits &limits)
+    {
+        robot->disconnectFromController();
+        desk->controller->stop();
+        SimulatedController::Options options;
+        options.directory = desk->directory.path();
+        options.statusInterval = 20;
+        options.jobs = limits;
+        QString error;
+        QVERIFY2(desk->controller->start(options, &error), qPrintable(error));
+        QVERIFY(connectTo(*desk));
+    }
     static QByteArray sampleText() { return jobfile::write(*sample::job()); }
 
 private slots:
@@ -188,6 +201,81 @@ private slots:
         }
         QVERIFY(!send(1, QString(JobShelf::kMaxNameBytes, QLatin1Char('A')), sampleText()).fault);
         QCOMPARE(static_cast<int>(checked.count()), 1);
+    }
+
+    /// The pendant's rule for names holds for whoever sends a job.
+    void namesThatNoJobMayHave()
+    {
+        for (const char *name : {"../A", "a/b", " A", "A.", ".A", "a\u200bb", "e\u0301"}) {
+            const Word word = send(1, QString::fromUtf8(name), sampleText());
+            QCOMPARE(word.name, QString::fromUtf8(name));
+            QCOMPARE(word.fault.word(), "Name");
+            QVERIFY(!desk->controller->job(1, QString::fromUtf8(name)));
+        }
+        QCOMPARE(desk->controller->refused(), 0);
+        QVERIFY(!send(1, QStringLiteral("码垛 2"), sampleText()).fault);
+    }
+
+    /// As many jobs a robot as the limit says; one that replaces another is none more.
+    void asManyJobsAsThereIsRoomFor()
+    {
+        restart({3, 64 << 20});
+        for (const char *name : {"A", "B", "C"})
+            QVERIFY(!send(1, QString::fromLatin1(name), sampleText()).fault);
+        const Word word = send(1, QStringLiteral("D"), sampleText());
+        QCOMPARE(word.fault.word(), "TooMany");
+        QCOMPARE(word.fault.detail, QStringLiteral("3"));
+        QVERIFY(!desk->controller->job(1, QStringLiteral("D")));
+        QVERIFY(!send(1, QStringLiteral("B"), sampleText()).fault);
+        QVERIFY(!send(2, QStringLiteral("D"), sampleText()).fault); // another robot's
+        restart({3, 64 << 20}); // counted from the store
+        QCOMPARE(send(1, QStringLiteral("D"), sampleText()).fault.kind, JobFault::TooMany);
+    }
+
+    /// Replacing a job counts the difference.
+    void asManyBytesAsThereIsRoomFor()
+    {
+        ProgramJOB shorter(QStringLiteral("A"));
+        sample::appendTimer(shorter);
+        const QByteArray small = jobfile::write(shorter);
+        Json::Value row;
+        row["text"] = sampleText().toStdString();
+        const qint64 size = ParameterStore::sizeOf(row);
+        restart({1000, size * 2 + 100});
+        QVERIFY(!send(1, QStringLiteral("A"), sampleText()).fault);
+        QVERIFY(!send(1, QStringLiteral("B"), sampleText()).fault);
+        QCOMPARE(send(1, QStringLiteral("C"), sampleText()).fault.kind, JobFault::NoRoom);
+        QVERIFY(!send(1, QStringLiteral("B"), sampleText()).fault); // as large as it was
+        QVERIFY(!send(1, QStringLiteral("A"), small).fault);
+        QVERIFY(!send(1, QStringLiteral("C"), small).fault);
+        QCOMPARE(send(1, QStringLiteral("A"), sampleText()).fault.kind, JobFault::NoRoom);
+        QCOMPARE(desk->controller->job(1, QStringLiteral("A"))->lineCount(), 1);
+        restart({1000, size * 2 + 100});
+        QCOMPARE(send(1, QStringLiteral("A"), sampleText()).fault.kind, JobFault::NoRoom);
+        QCOMPARE(JobShelf::Limits().jobs, 1000);
+        QCOMPARE(JobShelf::Limits().bytes, qint64(64 * 1024 * 1024));
+    }
+
+    /// A job counts once it is on the disk, not before.
+    void aJobThatTheDiskDoesNotTake()
+    {
+        JobShelf shelf;
+        ParameterStore store;
+        const QTemporaryDir directory;
+        QVERIFY(store.open(directory.path()));
+        const QString name = QStringLiteral("A");
+        const auto keep = [&](bool isStored) {
+            ParameterStore::Transaction transaction(store);
+            QVERIFY(shelf.keep(store, 1, name, QString::fromUtf8(sampleText()),
+                               JobProgram::check(sampleText(), name).program));
+            if (isStored)
+                QVERIFY(transaction.commit());
+            shelf.settle(isStored);
+        };
+        keep(false);
+        QVERIFY(!shelf.find(store, 1, name));
+        keep(true);
+        QVERIFY(shelf.find(store, 1, name));
     }
 
     /// A store that does not take it: nothing is said to be taken.
