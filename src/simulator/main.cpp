@@ -126,7 +126,7 @@ int run(const Settings &settings)
     if (!settings.restore.isEmpty()) {
         if (!ParameterStore::restore(settings.options.directory, settings.restore, &sentence))
             return complain(sentence, EXIT_FAILURE);
-        say(sentence);
+        complain(sentence, 0);
     }
     SimulatedController controller;
     for (const FaultRule &rule : settings.faults)

@@ -5,6 +5,7 @@
 #include "../support.h"
 
 #include "language.h"
+#include "link/messages.h"
 #include "promptwidget.h"
 #include "snackbarmessage.h"
 #include "storerepair.h"
@@ -110,7 +111,7 @@ private slots:
         QTRY_VERIFY(isAsked());
         support::click(prompt(), "promptCancel");
         QTRY_VERIFY([&] { // said again, once its second is over
-            robot->sendCommandData(0x4602, R"({"robot":1,"craftID":1})");
+            robot->sendCommandData(message::GetPolish, R"({"robot":1,"craftID":1})");
             return damaged.count() > 1;
         }());
         QCoreApplication::processEvents();

@@ -238,10 +238,13 @@ private slots:
         ProgramJOB shorter(QStringLiteral("A"));
         sample::appendTimer(shorter);
         const QByteArray small = jobfile::write(shorter);
-        Json::Value row;
-        row["text"] = sampleText().toStdString();
-        const qint64 size = ParameterStore::sizeOf(row);
-        restart({1000, size * 2 + 100});
+        const auto sizeOf = [](const QByteArray &text) {
+            Json::Value row;
+            row["text"] = text.toStdString();
+            return ParameterStore::sizeOf(row);
+        };
+        const qint64 most = 2 * sizeOf(sampleText()) + sizeOf(small) - 1;
+        restart({1000, most});
         QVERIFY(!send(1, QStringLiteral("A"), sampleText()).fault);
         QVERIFY(!send(1, QStringLiteral("B"), sampleText()).fault);
         QCOMPARE(send(1, QStringLiteral("C"), sampleText()).fault.kind, JobFault::NoRoom);
@@ -250,7 +253,7 @@ private slots:
         QVERIFY(!send(1, QStringLiteral("C"), small).fault);
         QCOMPARE(send(1, QStringLiteral("A"), sampleText()).fault.kind, JobFault::NoRoom);
         QCOMPARE(desk->controller->job(1, QStringLiteral("A"))->lineCount(), 1);
-        restart({1000, size * 2 + 100});
+        restart({1000, most});
         QCOMPARE(send(1, QStringLiteral("A"), sampleText()).fault.kind, JobFault::NoRoom);
         QCOMPARE(JobShelf::Limits().jobs, 1000);
         QCOMPARE(JobShelf::Limits().bytes, qint64(64 * 1024 * 1024));

@@ -4,9 +4,13 @@
 #include "link/messages.h"
 
 #include <QCoreApplication>
+#include <QDir>
+#include <QElapsedTimer>
 #include <QFileInfo>
 #include <QProcess>
 #include <QRegularExpression>
+#include <QSet>
+#include <algorithm>
 
 namespace {
 
@@ -32,9 +36,19 @@ struct Run {
 
 /// A controller that runs until it is told to end.
 struct Server {
-    explicit Server(QStringList arguments)
+    /// With `kibibytes`, no file can grow beyond that: a write fails as on a full disk.
+    explicit Server(QStringList arguments, int kibibytes = 0)
     {
-        process.start(program(), arguments << QStringLiteral("--port") << QStringLiteral("0"));
+        arguments << QStringLiteral("--port") << QStringLiteral("0");
+        if (kibibytes > 0) {
+            // blocks of 512 bytes
+            const QString limit =
+                QStringLiteral("trap '' XFSZ; ulimit -f %1; exec \"$0\" \"$@\"").arg(kibibytes * 2);
+            process.start(QStringLiteral("/bin/sh"),
+                          QStringList{QStringLiteral("-c"), limit, program()} + arguments);
+        } else {
+            process.start(program(), arguments);
+        }
         QByteArray line;
         while (!line.contains('\n') && process.waitForReadyRead(20000))
             line += process.readAllStandardOutput();
@@ -80,6 +94,52 @@ class TestProgram : public QObject {
                                "{\"craftID\":" + QByteArray::number(craft)
                                    + ",\"polish\":{\"toolWear\":" + QByteArray::number(wear)
                                    + "},\"robot\":1}");
+    }
+
+    /// A layout of 25 workpieces in three chunks, all at `x` hundredths of a millimetre, as is the
+    /// translation beside them.
+    void setLayout(int x)
+    {
+        const QByteArray place = QByteArray::number(x / 100.0, 'f', 2);
+        for (const int start : {1, 11, 21}) {
+            const int count = qMin(10, 26 - start);
+            QByteArrayList items;
+            for (int i = 0; i < count; ++i)
+                items += "{\"X\":" + place + "}";
+            robot->sendCommandData(message::SetPalletPlane,
+                                   "{\"robot\":1,\"craftID\":1,\"graphic\":2,\"pallet\":{"
+                                   "\"graphicType\":3,\"transLenX\":"
+                                       + place + ",\"custom\":{\"sum\":25,\"start\":"
+                                       + QByteArray::number(start)
+                                       + ",\"count\":" + QByteArray::number(count)
+                                       + ",\"eachVec\":[" + items.join(',') + "]}}}");
+        }
+    }
+    /// What is stored of it.
+    struct Layout {
+        int x = -1; ///< the translation
+        QSet<int> items;
+        int count = 0;
+
+        bool isWhole() const { return count == 25 && items == QSet<int>{x}; }
+    };
+    Layout getLayout()
+    {
+        QSignalSpy replies(robot, &Robot::robot_pallet_PlaneModel);
+        robot->sendCommandData(message::GetPalletPlane,
+                               "{\"robot\":1,\"craftID\":1,\"graphic\":2}");
+        get(9); // answered behind it
+        Layout layout;
+        for (const QList<QVariant> &reply : replies) {
+            const auto body = wire::parseObject(reply.first().toByteArray());
+            const Json::Value &pallet = (*body)["pallet"];
+            layout.x = qRound(pallet["transLenX"].asDouble() * 100);
+            for (const Json::Value &item : pallet["custom"]["eachVec"]) {
+                layout.items.insert(qRound(item["X"].asDouble() * 100));
+                ++layout.count;
+            }
+        }
+        return layout;
     }
 
 private slots:
@@ -192,6 +252,156 @@ private slots:
         }
     }
 
+    /// A layout is a list and what it belongs to. Killed at any moment in a stream of them, the
+    /// store has both of one layout, and none that is older than the last that was answered for.
+    void aStreamOfLayoutsSurvivesKills()
+    {
+        const QTemporaryDir directory;
+        const QStringList arguments{QStringLiteral("--data"), directory.path()};
+        const int rounds = qEnvironmentVariableIsSet("CONTROLLER_KILLS")
+            ? qEnvironmentVariableIntValue("CONTROLLER_KILLS")
+            : 12;
+        int sent = 0;
+        int torn = 0;
+        int lost = 0;
+        for (int round = 0; round < rounds; ++round) {
+            Server server(arguments);
+            QVERIFY(server.port != 0);
+            QVERIFY(connectTo(server));
+            for (int i = 0; i < 3; ++i)
+                setLayout(++sent);
+            QVERIFY(getLayout().isWhole()); // answered behind the sets
+            const int answered = sent;
+            for (int i = 0; i < 300; ++i)
+                setLayout(++sent);
+            // At another moment of the stream each time.
+            QElapsedTimer wait;
+            wait.start();
+            while (wait.nsecsElapsed() < round % 20 * 500000LL)
+                QCoreApplication::processEvents();
+            server.process.kill(); // SIGKILL
+            QVERIFY(server.process.waitForFinished());
+            robot->disconnectFromController();
+
+            Server again(arguments);
+            QVERIFY(again.port != 0);
+            QVERIFY(connectTo(again));
+            const Layout layout = getLayout();
+            torn += layout.isWhole() ? 0 : 1;
+            lost += layout.x < answered || layout.x > sent ? 1 : 0;
+            robot->disconnectFromController();
+        }
+        qInfo("%d kills, %d torn, %d lost", rounds, torn, lost);
+        QCOMPARE(torn, 0);
+        QCOMPARE(lost, 0);
+    }
+
+    /// The disk takes no more at some moment: what was not refused is there after a restart, whole,
+    /// and what was refused has changed nothing.
+    void aStreamOfLayoutsSurvivesAFullDisk_data()
+    {
+        QTest::addColumn<int>("kibibytes");
+        for (const int kibibytes : {36, 40, 48, 64, 96, 128, 192, 256})
+            QTest::addRow("%d", kibibytes) << kibibytes;
+    }
+    void aStreamOfLayoutsSurvivesAFullDisk()
+    {
+        QFETCH(int, kibibytes);
+        const QTemporaryDir directory;
+        const QStringList arguments{QStringLiteral("--data"), directory.path()};
+        {
+            Server server(arguments);
+            QVERIFY(connectTo(server));
+            setLayout(1);
+            QVERIFY(getLayout().isWhole());
+            robot->disconnectFromController();
+        }
+        Layout last;
+        bool isFull = false;
+        {
+            Server server(arguments, kibibytes);
+            QVERIFY(server.port != 0);
+            QSignalSpy recorded(EventLog::getInstance(), &EventLog::recorded);
+            QVERIFY(connectTo(server));
+            for (int i = 2; i < 200 && !isFull; ++i) {
+                setLayout(i);
+                const Layout now = getLayout();
+                QVERIFY(now.isWhole());
+                isFull = now.x != i;
+                last = now;
+            }
+            QVERIFY(isFull);
+            QTRY_VERIFY(std::any_of(recorded.begin(), recorded.end(), [](const QVariantList &each) {
+                return each.at(1).toList().first().toString() == QLatin1String("storeFailed");
+            }));
+            if (kibibytes % 3 == 0)
+                server.process.kill();
+            else
+                server.process.terminate();
+            QVERIFY(server.process.waitForFinished());
+            robot->disconnectFromController();
+        }
+        Server server(arguments);
+        QVERIFY(connectTo(server));
+        const Layout layout = getLayout();
+        QVERIFY(layout.isWhole());
+        QCOMPARE(layout.x, last.x);
+        setLayout(500); // and it goes on
+        QCOMPARE(getLayout().x, 500);
+    }
+
+    void theCopyOfADayIsPutBack()
+    {
+        const QTemporaryDir directory;
+        const QStringList arguments{QStringLiteral("--data"), directory.path()};
+        const QString today = QDate::currentDate().toString(Qt::ISODate);
+        for (const int wear : {1, 2}) { // the second start makes no other copy
+            Server server(arguments);
+            QVERIFY(connectTo(server));
+            set(1, wear);
+            QVERIFY(!get(9).isEmpty());
+            robot->disconnectFromController();
+            server.process.terminate();
+            QVERIFY(server.process.waitForFinished());
+            if (wear == 1)
+                QVERIFY(QDir(directory.filePath(QStringLiteral("backup"))).removeRecursively());
+        }
+        const QStringList back{QStringLiteral("--data"), directory.path(),
+                               QStringLiteral("--restore")};
+        for (const QString &day : {today, QStringLiteral("last")}) {
+            Server server(back + QStringList{day});
+            QVERIFY(server.port != 0);
+            QVERIFY(connectTo(server));
+            QVERIFY(get(1).contains("\"toolWear\":1.0"));
+            set(1, 3);
+            QVERIFY(!get(9).isEmpty());
+            robot->disconnectFromController();
+        }
+        QCOMPARE(QDir(directory.path())
+                     .entryList({QStringLiteral("controller-damaged-*.db")}, QDir::Files)
+                     .size(),
+                 2);
+        const Run none(back + QStringList{QStringLiteral("2020-02-02")});
+        QCOMPARE(none.code(), 1);
+        QVERIFY(none.error.contains(QLatin1String("2020-02-02")));
+    }
+
+    void aStoreThatIsNone()
+    {
+        const QTemporaryDir directory;
+        QFile file(directory.filePath(QStringLiteral("controller.db")));
+        QVERIFY(file.open(QIODevice::WriteOnly));
+        file.write(QByteArray(5000, 'x'));
+        file.close();
+        Server server({QStringLiteral("--data"), directory.path()});
+        QVERIFY(server.port != 0); // it runs all the same
+        QVERIFY(server.process.readAllStandardError().contains("controller.db"));
+        // A directory that cannot be had is a mistake of the command line.
+        const Run none({QStringLiteral("--data"), file.fileName() + QStringLiteral("/below")});
+        QCOMPARE(none.code(), 1);
+        QCOMPARE(static_cast<int>(none.error.count(QLatin1Char('\n'))), 1);
+    }
+
     void endsInOrderOnSigterm()
     {
         const QTemporaryDir directory;
@@ -248,6 +458,7 @@ private slots:
         row("fault id", {QStringLiteral("--fault"), QStringLiteral("0x9999=cut")});
         row("robot 5", {QStringLiteral("--kinematic"), QStringLiteral("5=1")});
         row("type 13", {QStringLiteral("--kinematic"), QStringLiteral("1=13")});
+        row("restore", {QStringLiteral("--restore"), QStringLiteral("yesterday")});
         row("no type", {QStringLiteral("--kinematic"), QStringLiteral("1")});
     }
     void badOptions()
