@@ -62,6 +62,18 @@
         <translation>The robot has no such axis</translation>
     </message>
     <message>
+        <source>控制器的参数已损坏，不能读取；未作任何修改</source>
+        <translation>Controller parameters are damaged and cannot be read. Nothing was changed</translation>
+    </message>
+    <message>
+        <source>控制器的参数已恢复，请重新打开页面</source>
+        <translation>Controller parameters are put right. Open the page again</translation>
+    </message>
+    <message>
+        <source>未保存：控制器的参数存储不可用</source>
+        <translation>Not saved: the controller&apos;s parameter store is not available</translation>
+    </message>
+    <message>
         <source>未执行：另一台示教器正在控制机器人</source>
         <translation>Not done: another teach pendant has control of the robots</translation>
     </message>
@@ -227,6 +239,53 @@
     </message>
 </context>
 <context>
+    <name>JobDirectory</name>
+    <message>
+        <source>目录 %1 不能使用：%2</source>
+        <translation>Folder %1 cannot be used: %2</translation>
+    </message>
+    <message>
+        <source>不是文件：%1</source>
+        <translation>Not a file: %1</translation>
+    </message>
+    <message>
+        <source>文件太大</source>
+        <translation>The file is too large</translation>
+    </message>
+    <message>
+        <source>同名的%1已存在</source>
+        <translation>There is something else of that name: %1</translation>
+    </message>
+    <message>
+        <source>文件</source>
+        <translation>file</translation>
+    </message>
+    <message>
+        <source>链接</source>
+        <translation>link</translation>
+    </message>
+    <message>
+        <source>文件夹</source>
+        <translation>folder</translation>
+    </message>
+    <message>
+        <source>设备</source>
+        <translation>device</translation>
+    </message>
+    <message>
+        <source>管道</source>
+        <translation>pipe</translation>
+    </message>
+    <message>
+        <source>套接字</source>
+        <translation>socket</translation>
+    </message>
+    <message>
+        <source>未知类型</source>
+        <translation>of an unknown kind</translation>
+    </message>
+</context>
+<context>
     <name>JobEdit</name>
     <message>
         <source>程序 %1 未能保存：%2。程序仍在内存中，请在作业列表中重新保存或放弃</source>
@@ -306,6 +365,18 @@
     <message>
         <source>%1 的顺序不对</source>
         <translation>%1 is out of order</translation>
+    </message>
+    <message>
+        <source>控制器不接受这个作业名称</source>
+        <translation>The controller does not take this job name</translation>
+    </message>
+    <message>
+        <source>控制器中这台机器人的作业已满，最多 %1 个</source>
+        <translation>The controller keeps at most %1 jobs for this robot</translation>
+    </message>
+    <message>
+        <source>控制器中这台机器人的作业空间已满，最多 %1</source>
+        <translation>The controller keeps at most %1 of jobs for this robot</translation>
     </message>
 </context>
 <context>
@@ -404,20 +475,20 @@ The program wizard of palletising puts its jobs here.</translation>
         <source>删除</source>
         <translation>Delete</translation>
     </message>
+    <message>
+        <source>不可读：%1</source>
+        <translation>Not readable: %1</translation>
+    </message>
+    <message>
+        <source>%1（链接）</source>
+        <translation>%1 (link)</translation>
+    </message>
 </context>
 <context>
     <name>JobStore</name>
     <message>
-        <source>目录 %1 不能建立</source>
-        <translation>The directory %1 cannot be made</translation>
-    </message>
-    <message>
         <source>名称 %1 不能用作文件名</source>
         <translation>The name %1 is no file name</translation>
-    </message>
-    <message>
-        <source>文件太大</source>
-        <translation>The file is too large</translation>
     </message>
 </context>
 <context>
@@ -1031,6 +1102,30 @@ It is not installed on this device.</translation>
     <message>
         <source>图形号</source>
         <translation>Pattern no.</translation>
+    </message>
+    <message>
+        <source>控制器参数已损坏</source>
+        <translation>Controller parameters damaged</translation>
+    </message>
+    <message>
+        <source>控制器的参数不能读取。取回%1的备份吗？不能读取的参数将是当时的值；损坏的文件会另外保留。</source>
+        <translation>Controller parameters cannot be read. Take back the copy of %1? What cannot be read gets its values of that day; the damaged file is kept aside.</translation>
+    </message>
+    <message>
+        <source>控制器的参数不能读取。取回最近的备份吗？损坏的文件会另外保留。</source>
+        <translation>Controller parameters cannot be read. Take back the last copy? The damaged file is kept aside.</translation>
+    </message>
+    <message>
+        <source>取回备份</source>
+        <translation>Take back</translation>
+    </message>
+    <message>
+        <source>控制器的参数不能读取，也没有备份。将不能读取的参数清空吗？损坏的文件会另外保留。</source>
+        <translation>Controller parameters cannot be read and there is no copy. Clear what cannot be read? The damaged file is kept aside.</translation>
+    </message>
+    <message>
+        <source>清空</source>
+        <translation>Clear</translation>
     </message>
 </context>
 <context>

@@ -21,7 +21,7 @@ constexpr Word kWords[] = {
     {"axisLimit", QT_TRANSLATE_NOOP("Controller", "已停止：轴到达限位")},
     {"noSuchAxis", QT_TRANSLATE_NOOP("Controller", "机器人没有该轴")},
     {"storeDamaged", QT_TRANSLATE_NOOP("Controller", "控制器的参数已损坏，不能读取；未作任何修改")},
-    {"storeFailed", QT_TRANSLATE_NOOP("Controller", "未保存：控制器不能写入参数")},
+    {"storeFailed", QT_TRANSLATE_NOOP("Controller", "未保存：控制器的参数存储不可用")},
     {"storeRestored", QT_TRANSLATE_NOOP("Controller", "控制器的参数已恢复，请重新打开页面")},
 };
 
