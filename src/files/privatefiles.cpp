@@ -2,6 +2,7 @@
 
 #include <QDir>
 #include <QFile>
+#include <QFileInfo>
 
 #include <fcntl.h>
 #include <sys/stat.h>
@@ -56,6 +57,14 @@ bool isFile(const QString &path)
     return ::lstat(QFile::encodeName(path).constData(), &state) == 0 && S_ISREG(state.st_mode);
 }
 
+/// A directory that others may need, though it was named for ours.
+bool isCommon(const QString &path, const struct stat &state)
+{
+    const QDir directory(path);
+    return (state.st_mode & S_ISVTX) || directory == QDir::home() || directory.isRoot()
+        || QFileInfo(directory.absolutePath()).dir().isRoot();
+}
+
 } // namespace
 
 bool privatefiles::makeDirectory(const QString &path)
@@ -65,7 +74,7 @@ bool privatefiles::makeDirectory(const QString &path)
         return false;
     Descriptor directory(path, O_RDONLY | O_DIRECTORY);
     if (const struct stat *state = directory.state()) {
-        if (!(state->st_mode & S_ISVTX))
+        if (!isCommon(path, *state))
             setMode(directory, *state, kDirectoryMode);
     }
     return true;

@@ -9,8 +9,8 @@
 namespace privatefiles {
 
 /// Makes a directory with its parents, mode 0700. One that is there already is tightened when it
-/// belongs to this user and is no common one (sticky, as /tmp is). False when there is none in the
-/// end.
+/// belongs to this user and is no common one: sticky as /tmp, directly below the root, or the home.
+/// False when there is none in the end.
 bool makeDirectory(const QString &path);
 
 /// Makes an empty file of mode 0600, or tightens the file of that name. False when there is no

@@ -237,7 +237,9 @@ void ParameterStore::lookThrough()
                                  query.value(2).toInt(), query.value(3).toString()});
         }
     }
-    sayUnreadable();
+    noteError(query.lastError().nativeErrorCode());
+    if (m_state != State::Damaged)
+        sayUnreadable();
 }
 
 void ParameterStore::sayUnreadable() const
