@@ -9,6 +9,10 @@
 #include "morerobot.h"
 #include "wire/ids.h"
 
+#include <QThread>
+#include <QTimer>
+#include <QWidget>
+
 namespace {
 
 const QByteArray kGet = "{\"craftID\":3,\"robot\":1}\n";
@@ -359,6 +363,47 @@ private slots:
         QCOMPARE(static_cast<int>(reply.count()), 1); // the whole one before the damage
         QCOMPARE(linkEntries(recorded, "lost"), 1);
         QTRY_COMPARE(peer.accepted(), 2); // and it tries again
+    }
+
+    /// Many messages at once, and a page that takes its time for each: the screen is drawn all
+    /// along.
+    void theScreenIsDrawnWhileMessagesCome()
+    {
+        struct Screen : QWidget {
+            void paintEvent(QPaintEvent *) override
+            {
+                ++drawn;
+                QTimer::singleShot(0, this, qOverload<>(&QWidget::update));
+            }
+            int drawn = 0;
+        };
+        constexpr int kMessages = 200;
+        RawPeer peer;
+        robot->setLinkTimes(quickTimes());
+        robot->connectToController(QStringLiteral("127.0.0.1"), peer.port());
+        QTRY_VERIFY(peer.socket());
+        peer.send(wire::HelloAnswer, "{\"protocol\":1,\"role\":\"controller\"}");
+        QTRY_VERIFY(robot->isConnected());
+        Screen screen;
+        screen.show();
+        QVERIFY(QTest::qWaitForWindowExposed(&screen));
+        int received = 0;
+        int drawnBefore = 0;
+        int drawnAfter = 0;
+        connect(robot, &Robot::robot_Polish_Para, &screen, [&] {
+            if (received == 0)
+                drawnBefore = screen.drawn;
+            QThread::msleep(2);
+            if (++received == kMessages)
+                drawnAfter = screen.drawn;
+        });
+        QByteArray bytes;
+        for (int i = 0; i < kMessages; ++i)
+            bytes += wire::encodeFrame(wire::reply::robot_Polish_Para, "{}");
+        peer.send(bytes);
+        QTRY_VERIFY(received >= kMessages);
+        QVERIFY2(drawnAfter - drawnBefore > 5,
+                 qPrintable(QString::number(drawnAfter - drawnBefore)));
     }
 
     void silentController()
