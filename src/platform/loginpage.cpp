@@ -105,6 +105,7 @@ LoginPage::LoginPage(QWidget *window)
     connect(m_user, QOverload<int>::of(&QComboBox::currentIndexChanged), this, [this] {
         m_password->clear();
         m_message->clear();
+        m_wrong = false;
         refreshWait();
     });
     // A question that comes up meanwhile waits below the lock screen.
@@ -131,6 +132,7 @@ void LoginPage::refresh()
     m_password->clear();
     m_repeat->clear();
     m_message->clear();
+    m_wrong = false;
     if (!App::locked_) {
         m_wait->stop();
         InputGate::getInstance()->release(this);
@@ -172,14 +174,23 @@ void LoginPage::refreshWait()
         : 0;
     const bool waited = !m_enter->isEnabled();
     m_enter->setEnabled(seconds == 0);
-    if (seconds > 0) {
-        m_message->setText(tr("密码错误。请等待 %1 秒后再试").arg(seconds));
+    if (seconds > 0)
         m_wait->start();
-    } else {
+    else
         m_wait->stop();
-        if (waited)
-            m_message->setText(tr("请重新输入密码"));
-    }
+    if (seconds > 0 || waited || m_wrong)
+        m_message->setText(waitText(seconds));
+}
+
+/// What is said of a wrong password or of the pause after one that was wrong before.
+QString LoginPage::waitText(int seconds) const
+{
+    if (!m_wrong)
+        return seconds > 0 ? tr("请等待 %1 秒后再试").arg(seconds) : tr("请输入密码");
+    const QString warning = UserAccounts::getInstance()->countWarning();
+    const QString text = seconds > 0 ? tr("密码错误。请等待 %1 秒后再试").arg(seconds)
+                                     : tr("密码错误。请重新输入密码");
+    return warning.isEmpty() ? text : text + QLatin1Char('\n') + warning;
 }
 
 void LoginPage::submit()
@@ -210,6 +221,7 @@ void LoginPage::logIn()
     if (result == UserAccounts::LogIn::Good)
         return;
     m_password->clear();
+    m_wrong = result == UserAccounts::LogIn::WrongPassword;
     if (result == UserAccounts::LogIn::UnknownUser)
         m_message->setText(tr("没有这个用户"));
     refreshWait();

@@ -35,6 +35,7 @@ private:
     void stayOnTop();
     void refreshUsers();
     void refreshWait();
+    QString waitText(int seconds) const;
     void submit();
     void setFirstPassword();
     void logIn();
@@ -52,4 +53,5 @@ private:
     SimulatedMark *m_simulated;
     QTimer *m_wait;
     QString m_lastUser;
+    bool m_wrong = false; ///< the password entered last for the chosen user
 };

@@ -9,8 +9,11 @@
 #include <sodium.h>
 
 #include <algorithm>
+#include <chrono>
 
 namespace {
+
+constexpr int kMostFailures = 1000000; // counted
 
 using Account = VeltrixDatabase::Account;
 
@@ -47,6 +50,12 @@ bool matches(const Account &account, const QString &password)
     return good;
 }
 
+qint64 steadyMilliseconds()
+{
+    using namespace std::chrono;
+    return duration_cast<milliseconds>(steady_clock::now().time_since_epoch()).count();
+}
+
 /// Seconds of pause after so many failures: 1, 2, 4, ... up to the longest one.
 qint64 pauseSeconds(int failures)
 {
@@ -68,10 +77,12 @@ bool goodPassword(const QString &password, QString *error)
 {
     if (password.isEmpty())
         return refuse(error, UserAccounts::tr("密码不能为空"));
-    if (password.size() < UserAccounts::kMinimumPassword)
+    // As the operator counts them: an accent does not count by itself.
+    const auto characters = password.normalized(QString::NormalizationForm_C).toUcs4().size();
+    if (characters < UserAccounts::kMinimumPassword)
         return refuse(
             error, UserAccounts::tr("密码至少需要 %1 个字符").arg(UserAccounts::kMinimumPassword));
-    if (password.size() > UserAccounts::kMaximumPassword)
+    if (characters > UserAccounts::kMaximumPassword)
         return refuse(error,
                       UserAccounts::tr("密码最多 %1 个字符").arg(UserAccounts::kMaximumPassword));
     return true;
@@ -98,9 +109,14 @@ bool goodRole(AUTHORITY role, QString *error)
     return true;
 }
 
-void note(const QString &operation, const QString &name, const QString &text, int level)
+/// `detail` is for the journal alone: what does not depend on the language.
+void note(const QString &operation, const QString &name, const QString &text, int level,
+          const QVariant &detail = {})
 {
-    EventLog::getInstance()->record(QStringLiteral("config"), {operation, name});
+    QVariantList values{operation, name};
+    if (detail.isValid())
+        values.append(detail);
+    EventLog::getInstance()->record(QStringLiteral("config"), values);
     PrintLog::OutputToLog(text, level);
 }
 
@@ -113,8 +129,8 @@ bool store(const Account &account, QString *error)
 } // namespace
 
 UserAccounts::UserAccounts(QObject *parent)
-    : QObject(parent), m_clock(&QDateTime::currentMSecsSinceEpoch),
-      m_passes(crypto_pwhash_OPSLIMIT_INTERACTIVE), m_bytes(crypto_pwhash_MEMLIMIT_INTERACTIVE)
+    : QObject(parent), m_clock(&steadyMilliseconds), m_passes(crypto_pwhash_OPSLIMIT_INTERACTIVE),
+      m_bytes(crypto_pwhash_MEMLIMIT_INTERACTIVE)
 {
     if (sodium_init() < 0)
         PrintLog::OutputToLog(tr("密码库无法初始化"), 3);
@@ -128,7 +144,7 @@ UserAccounts *UserAccounts::getInstance()
 
 void UserAccounts::setClock(std::function<qint64()> clock)
 {
-    m_clock = std::move(clock);
+    m_clock = clock ? std::move(clock) : &steadyMilliseconds;
 }
 
 void UserAccounts::setHashCost(unsigned long long passes, std::size_t bytes)
@@ -140,6 +156,12 @@ void UserAccounts::setHashCost(unsigned long long passes, std::size_t bytes)
 void UserAccounts::start(bool embeddedController)
 {
     m_current.clear();
+    m_failures.clear();
+    m_countStored = true;
+    for (const Account &account : VeltrixDatabase::getInstance()->accounts()) {
+        if (account.failures > 0)
+            m_failures.insert(account.name, {account.failures, m_clock()});
+    }
     const bool open = embeddedController && !hasAccounts();
     App::locked_ = !open;
     App::sysUser = open ? AUTHORITY_ADMINISTRATOR : AUTHORITY_NONE;
@@ -198,44 +220,65 @@ bool UserAccounts::setFirstPassword(const QString &password, QString *error)
 
 UserAccounts::LogIn UserAccounts::logIn(const QString &name, const QString &password)
 {
-    const Account *known = find(name);
-    if (!known) {
-        note(QStringLiteral("logInFailed"), name, tr("登录失败：没有用户 %1").arg(name), 2);
+    if (!find(name)) {
+        note(QStringLiteral("logInFailed"), name, tr("登录失败：没有用户 %1").arg(name), 2, 0);
         return LogIn::UnknownUser;
     }
     if (waitSeconds(name) > 0)
         return LogIn::Wait;
-
-    Account account = *known;
-    const bool good = matches(account, password);
-    account.failures = good ? 0 : std::min(account.failures + 1, 1000000);
-    account.lastFailure = good ? 0 : m_clock();
-    if (account.failures != known->failures)
-        VeltrixDatabase::getInstance()->saveAccount(account);
-    if (!good) {
+    if (!takes(name, password)) {
+        const int count = m_failures.value(name).count;
         note(QStringLiteral("logInFailed"), name,
-             tr("用户 %1 登录失败，连续第 %2 次").arg(name).arg(account.failures), 2);
+             tr("用户 %1 登录失败，连续第 %2 次").arg(name).arg(count), 2, count);
         return LogIn::WrongPassword;
     }
     note(QStringLiteral("logIn"), name, tr("用户 %1 登录").arg(name), 1);
-    enter(name, static_cast<AUTHORITY>(account.role));
+    enter(name, role(name));
     return LogIn::Good;
 }
 
-int UserAccounts::waitSeconds(const QString &name)
+bool UserAccounts::takes(const QString &name, const QString &password)
 {
     const Account *known = find(name);
-    if (!known || known->failures == 0)
-        return 0;
-    const qint64 now = m_clock();
-    if (now < known->lastFailure) {
-        // The clock was put back; the pause starts anew rather than lasting until it catches up.
-        Account account = *known;
-        account.lastFailure = now;
-        VeltrixDatabase::getInstance()->saveAccount(account);
-        return static_cast<int>(pauseSeconds(account.failures));
+    const bool good = known && matches(*known, password);
+    if (good) {
+        m_failures.remove(name);
+    } else {
+        Failures &failures = m_failures[name];
+        failures.count = std::min(failures.count + 1, kMostFailures);
+        failures.last = m_clock();
     }
-    const qint64 left = known->lastFailure + 1000 * pauseSeconds(known->failures) - now;
+    storeCount(name, m_failures.value(name).count);
+    return good;
+}
+
+void UserAccounts::storeCount(const QString &name, int count)
+{
+    m_countStored = true;
+    const Account *known = find(name);
+    if (!known || known->failures == count)
+        return;
+    Account account = *known;
+    account.failures = count;
+    account.lastFailure = count > 0 ? QDateTime::currentMSecsSinceEpoch() : 0;
+    m_countStored = VeltrixDatabase::getInstance()->saveAccount(account);
+    if (!m_countStored) {
+        PrintLog::OutputToLog(
+            tr("用户 %1 的登录失败次数（%2）无法保存，仅在本次运行中有效").arg(name).arg(count), 3);
+    }
+}
+
+QString UserAccounts::countWarning() const
+{
+    return m_countStored ? QString() : tr("登录失败次数无法保存，请检查存储空间");
+}
+
+int UserAccounts::waitSeconds(const QString &name) const
+{
+    const auto known = m_failures.constFind(name);
+    if (known == m_failures.constEnd())
+        return 0;
+    const qint64 left = known->last + 1000 * pauseSeconds(known->count) - m_clock();
     return static_cast<int>(std::max<qint64>(0, (left + 999) / 1000));
 }
 
@@ -267,8 +310,10 @@ void UserAccounts::enter(const QString &name, AUTHORITY role)
 
 bool UserAccounts::mayManage(QString *error) const
 {
-    return (!App::locked_ && App::sysUser == AUTHORITY_ADMINISTRATOR)
-        || refuse(error, tr("只有管理员可以管理用户"));
+    if (!App::locked_ && App::sysUser == AUTHORITY_ADMINISTRATOR)
+        return true;
+    EventLog::getInstance()->record(QStringLiteral("rights"), {tr("管理用户"), false});
+    return refuse(error, tr("只有管理员可以管理用户"));
 }
 
 int UserAccounts::administrators() const
@@ -298,24 +343,49 @@ bool UserAccounts::add(const QString &name, AUTHORITY role, const QString &passw
     if (!store(account, error))
         return false;
     note(QStringLiteral("userAdded"), account.name,
-         tr("添加用户 %1（%2）").arg(account.name, App::roleName(role)), 1);
+         tr("添加用户 %1（%2）").arg(account.name, App::roleName(role)), 1, int(role));
     emit accountsChanged();
     if (first)
         enter(account.name, role);
     return true;
 }
 
-bool UserAccounts::changePassword(const QString &name, const QString &password, QString *error)
+bool UserAccounts::changeOwnPassword(const QString &oldPassword, const QString &password,
+                                     QString *error)
 {
-    const bool own = !App::locked_ && !m_current.isEmpty() && name == m_current;
-    if (!own && !mayManage(error))
-        return false;
-    const Account *known = find(name);
-    if (!known)
-        return refuse(error, tr("没有用户 %1").arg(name));
+    const QString name = m_current;
+    if (App::locked_ || !find(name))
+        return refuse(error, tr("请先登录"));
     if (!goodPassword(password, error))
         return false;
-    Account account = *known;
+    if (const int seconds = waitSeconds(name))
+        return refuse(error, tr("请等待 %1 秒后再试").arg(seconds));
+    if (!takes(name, oldPassword)) {
+        const int count = m_failures.value(name).count;
+        note(QStringLiteral("oldPasswordWrong"), name,
+             tr("用户 %1 修改密码时原密码错误，连续第 %2 次").arg(name).arg(count), 2, count);
+        const QString warning = countWarning();
+        return refuse(error,
+                      tr("原密码错误。请等待 %1 秒后再试").arg(waitSeconds(name))
+                          + (warning.isEmpty() ? QString() : QLatin1Char('\n') + warning));
+    }
+    return storePassword(name, password, error);
+}
+
+bool UserAccounts::changePassword(const QString &name, const QString &password, QString *error)
+{
+    if (!mayManage(error))
+        return false;
+    if (!find(name))
+        return refuse(error, tr("没有用户 %1").arg(name));
+    if (name == m_current)
+        return refuse(error, tr("修改自己的密码需要原密码"));
+    return goodPassword(password, error) && storePassword(name, password, error);
+}
+
+bool UserAccounts::storePassword(const QString &name, const QString &password, QString *error)
+{
+    Account account = *find(name);
     account.passwordHash = hashed(password);
     if (account.passwordHash.isEmpty())
         return refuse(error, tr("密码无法加密，内存不足"));
@@ -323,6 +393,7 @@ bool UserAccounts::changePassword(const QString &name, const QString &password, 
     account.lastFailure = 0;
     if (!store(account, error))
         return false;
+    m_failures.remove(name);
     note(QStringLiteral("passwordChanged"), name, tr("修改用户 %1 的密码").arg(name), 1);
     emit accountsChanged();
     return true;
@@ -345,7 +416,7 @@ bool UserAccounts::changeRole(const QString &name, AUTHORITY role, QString *erro
     if (!store(account, error))
         return false;
     note(QStringLiteral("roleChanged"), name,
-         tr("用户 %1 的权限改为%2").arg(name, App::roleName(role)), 1);
+         tr("用户 %1 的权限改为%2").arg(name, App::roleName(role)), 1, int(role));
     emit accountsChanged();
     if (name == m_current)
         enter(name, role);
@@ -365,6 +436,7 @@ bool UserAccounts::remove(const QString &name, QString *error)
         return refuse(error, tr("不能删除当前用户"));
     if (!VeltrixDatabase::getInstance()->removeAccount(name))
         return refuse(error, tr("配置数据库无法写入"));
+    m_failures.remove(name);
     note(QStringLiteral("userRemoved"), name, tr("删除用户 %1").arg(name), 1);
     emit accountsChanged();
     return true;

@@ -43,7 +43,11 @@ LineEditWidget *makeField(const QString &name, int length, QWidget *parent)
 UserPage::UserPage(QWidget *parent)
     : QWidget(parent), m_users(new QTableWidget(0, 2, this)), m_nameLabel(new QLabel(this)),
       m_name(makeField(QStringLiteral("userName"), UserAccounts::kMaximumName, this)),
-      m_roleLabel(new QLabel(this)), m_role(new QComboBox(this)), m_passwordLabel(new QLabel(this)),
+      m_roleLabel(new QLabel(this)), m_role(new QComboBox(this)),
+      m_oldPasswordLabel(new QLabel(this)),
+      m_oldPassword(
+          makeField(QStringLiteral("userOldPassword"), UserAccounts::kMaximumPassword, this)),
+      m_passwordLabel(new QLabel(this)),
       m_password(makeField(QStringLiteral("userPassword"), UserAccounts::kMaximumPassword, this)),
       m_repeatLabel(new QLabel(this)),
       m_repeat(makeField(QStringLiteral("userRepeat"), UserAccounts::kMaximumPassword, this)),
@@ -60,8 +64,8 @@ UserPage::UserPage(QWidget *parent)
     m_users->horizontalHeader()->setSectionResizeMode(1, QHeaderView::ResizeToContents);
     m_role->setObjectName(QStringLiteral("userRole"));
     m_role->setMinimumHeight(kTouchHeight);
-    m_password->setEchoMode(QLineEdit::Password);
-    m_repeat->setEchoMode(QLineEdit::Password);
+    for (LineEditWidget *field : {m_oldPassword, m_password, m_repeat})
+        field->setEchoMode(QLineEdit::Password);
     m_idle->setObjectName(QStringLiteral("idleMinutes"));
     m_idle->setMinimumHeight(kTouchHeight);
     m_message->setObjectName(QStringLiteral("userMessage"));
@@ -73,6 +77,7 @@ UserPage::UserPage(QWidget *parent)
     form->setVerticalSpacing(8);
     QWidget *const rows[][2] = {{m_nameLabel, m_name},
                                 {m_roleLabel, m_role},
+                                {m_oldPasswordLabel, m_oldPassword},
                                 {m_passwordLabel, m_password},
                                 {m_repeatLabel, m_repeat}};
     int line = 0;
@@ -106,6 +111,8 @@ UserPage::UserPage(QWidget *parent)
     UserAccounts *accounts = UserAccounts::getInstance();
     connect(accounts, &UserAccounts::accountsChanged, this, &UserPage::refresh);
     connect(accounts, &UserAccounts::userChanged, this, &UserPage::refresh);
+    // What one user has typed is not for the next one.
+    connect(accounts, &UserAccounts::userChanged, this, &UserPage::clearPasswords);
     connect(m_users, &QTableWidget::itemSelectionChanged, this, &UserPage::selectionChanged);
     connect(m_add, &QPushButton::clicked, this, &UserPage::addUser);
     connect(m_changePassword, &QPushButton::clicked, this, &UserPage::changePassword);
@@ -157,6 +164,7 @@ void UserPage::refreshRights()
     m_changeRole->setEnabled(manages && !name.isEmpty());
     m_remove->setEnabled(manages && !name.isEmpty());
     m_changePassword->setEnabled((manages || own) && !name.isEmpty());
+    m_oldPassword->setEnabled(own);
     m_password->setEnabled(manages || own);
     m_repeat->setEnabled(manages || own);
     m_idle->setEnabled(manages);
@@ -170,6 +178,7 @@ void UserPage::selectionChanged()
         m_role->setCurrentIndex(m_role->findData(int(UserAccounts::getInstance()->role(name))));
     }
     m_message->clear();
+    m_oldPassword->clear();
     askAgain(false);
     refreshRights();
 }
@@ -191,6 +200,7 @@ void UserPage::report(bool good, const QString &success, const QString &error)
 
 void UserPage::clearPasswords()
 {
+    m_oldPassword->clear();
     m_password->clear();
     m_repeat->clear();
 }
@@ -214,7 +224,11 @@ void UserPage::changePassword()
         return;
     QString error;
     const QString name = selectedName();
-    const bool good = UserAccounts::getInstance()->changePassword(name, password, &error);
+    UserAccounts *accounts = UserAccounts::getInstance();
+    const bool good = name == accounts->currentUser()
+        ? accounts->changeOwnPassword(m_oldPassword->text(), password, &error)
+        : accounts->changePassword(name, password, &error);
+    m_oldPassword->clear();
     report(good, tr("已修改用户 %1 的密码").arg(name), error);
 }
 
@@ -275,9 +289,12 @@ void UserPage::retranslate()
     m_users->setHorizontalHeaderLabels({tr("用户名"), tr("权限")});
     m_nameLabel->setText(tr("用户名"));
     m_roleLabel->setText(tr("权限"));
+    m_oldPasswordLabel->setText(tr("原密码"));
+    m_oldPassword->setPlaceholderText(tr("修改自己的密码时"));
     m_passwordLabel->setText(tr("新密码"));
     m_repeatLabel->setText(tr("再次输入"));
     m_name->setAccessibleName(tr("用户名"));
+    m_oldPassword->setAccessibleName(tr("原密码"));
     m_password->setAccessibleName(tr("新密码"));
     m_repeat->setAccessibleName(tr("再次输入"));
     m_add->setText(tr("添加用户"));

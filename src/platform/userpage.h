@@ -8,8 +8,8 @@ class QLabel;
 class QPushButton;
 class QTableWidget;
 
-/// Accounts and the idle lock. The administrator manages all accounts; any other user may change
-/// their own password here.
+/// Accounts and the idle lock. The administrator manages all accounts; everybody changes their own
+/// password here, with the old one.
 class UserPage : public QWidget {
     Q_OBJECT
 public:
@@ -42,6 +42,8 @@ private:
     LineEditWidget *m_name;
     QLabel *m_roleLabel;
     QComboBox *m_role;
+    QLabel *m_oldPasswordLabel;
+    LineEditWidget *m_oldPassword;
     QLabel *m_passwordLabel;
     LineEditWidget *m_password;
     QLabel *m_repeatLabel;

@@ -1,6 +1,7 @@
 // The wizard's finish key: the lines of the job for each choice, what stands in them, and what
 // happens when something is missing or in the way.
 
+#include "../fulldisk.h"
 #include "wizardpage.h"
 
 #include "commandfields.h"
@@ -11,9 +12,7 @@
 #include "snackbarmessage.h"
 
 #include <QDir>
-#include <csignal>
 #include <memory>
-#include <sys/resource.h>
 
 using support::box;
 using support::child;
@@ -82,28 +81,6 @@ QString stored(const char *job, int robot = 1)
     QFile file(JobStore::getInstance()->pathOf(robot, QString::fromLatin1(job)));
     return file.open(QIODevice::ReadOnly) ? QString::fromUtf8(file.readAll()) : QString();
 }
-
-/// While it lives, no file can grow beyond a few bytes, as on a full disk.
-class FullDisk {
-public:
-    FullDisk()
-    {
-        m_handler = std::signal(SIGXFSZ, SIG_IGN);
-        getrlimit(RLIMIT_FSIZE, &m_limit);
-        rlimit low = m_limit;
-        low.rlim_cur = 16;
-        setrlimit(RLIMIT_FSIZE, &low);
-    }
-    ~FullDisk()
-    {
-        setrlimit(RLIMIT_FSIZE, &m_limit);
-        std::signal(SIGXFSZ, m_handler);
-    }
-
-private:
-    rlimit m_limit = {};
-    void (*m_handler)(int) = SIG_DFL;
-};
 
 } // namespace
 

@@ -542,6 +542,63 @@ private slots:
         QCOMPARE(accounts->names(), QStringList{QStringLiteral("boss")});
     }
 
+    /// One's own password asks for the old one; another's does not.
+    void ownPasswordOnTheUsersPage()
+    {
+        UserAccounts *accounts = UserAccounts::getInstance();
+        QString error;
+        const QString boss = QStringLiteral("boss");
+        QVERIFY(accounts->add(boss, AUTHORITY_ADMINISTRATOR, "secret-1", &error));
+        QVERIFY(accounts->add("op", AUTHORITY_OPERATOR, "secret-2", &error));
+        support::click(window.get(), "areaUsers");
+        auto *old = find<QLineEdit>("userOldPassword");
+        auto *table = find<QTableWidget>("userTable");
+        auto *message = find<QLabel>("userMessage");
+        QCOMPARE(old->echoMode(), QLineEdit::Password);
+        QVERIFY(!old->isEnabled()); // nobody is chosen
+        table->selectRow(1);
+        QVERIFY(!old->isEnabled());
+        table->selectRow(0);
+        QVERIFY(old->isEnabled());
+        const auto change = [&](const char *before) {
+            support::enter(old, QString::fromLatin1(before));
+            support::enter(find<QLineEdit>("userPassword"), QStringLiteral("secret-9"));
+            support::enter(find<QLineEdit>("userRepeat"), QStringLiteral("secret-9"));
+            support::click(window.get(), "userChangePassword");
+        };
+        qint64 now = 0;
+        accounts->setClock([&now] { return now; });
+        change("wrong");
+        QVERIFY2(message->text().contains(QStringLiteral("原密码错误")),
+                 qPrintable(message->text()));
+        QCOMPARE(old->text(), QString());
+        QCOMPARE(accounts->waitSeconds(boss), 1);
+        change("secret-1");
+        QVERIFY2(message->text().contains(QStringLiteral("1")), qPrintable(message->text()));
+        now += 1000;
+        change("secret-1");
+        for (const char *field : {"userOldPassword", "userPassword", "userRepeat"})
+            QCOMPARE(find<QLineEdit>(field)->text(), QString());
+        accounts->lock();
+        QCOMPARE(accounts->logIn(boss, QStringLiteral("secret-9")), UserAccounts::LogIn::Good);
+        accounts->setClock({});
+    }
+
+    void whatOneUserTypedIsNotForTheNext()
+    {
+        UserAccounts *accounts = UserAccounts::getInstance();
+        QString error;
+        for (const char *name : {"boss", "chief"})
+            QVERIFY(accounts->add(name, AUTHORITY_ADMINISTRATOR, "secret-1", &error));
+        support::click(window.get(), "areaUsers");
+        auto *password = find<QLineEdit>("userPassword");
+        support::enter(password, QStringLiteral("secret-2"));
+        accounts->lock();
+        QCOMPARE(accounts->logIn("chief", "secret-1"), UserAccounts::LogIn::Good);
+        QVERIFY(find<QWidget>("userPage")->isVisible());
+        QCOMPARE(password->text(), QString());
+    }
+
     void passwordsDoNotStayInTheFields()
     {
         support::click(window.get(), "areaUsers");

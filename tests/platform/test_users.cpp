@@ -1,6 +1,7 @@
 // Accounts: the first start, logging in and its growing pauses, managing users, and that no
 // password is left lying about.
 
+#include "../fulldisk.h"
 #include "../support.h"
 
 #include "printlog.h"
@@ -83,7 +84,8 @@ private slots:
         QVERIFY(!accounts->add(QStringLiteral("eve"), AUTHORITY_ADMINISTRATOR, kPassword, &error));
         QVERIFY(!error.isEmpty());
         for (const QString &bad :
-             {QString(), QStringLiteral("12345"), QString(129, QLatin1Char('a'))}) {
+             {QString(), QStringLiteral("1234567"), QString::fromUtf8("😀😀😀😀😀😀😀"),
+              QString::fromUtf8("e\u0301e\u0301e\u0301e\u0301"), QString(129, QLatin1Char('a'))}) {
             error.clear();
             QVERIFY(!accounts->setFirstPassword(bad, &error));
             QVERIFY(!error.isEmpty());
@@ -138,11 +140,14 @@ private slots:
             QCOMPARE(accounts->waitSeconds(kAdmin), 1);
             QCOMPARE(accounts->logIn(kAdmin, kPassword), UserAccounts::LogIn::Wait);
             QCOMPARE(VeltrixDatabase::getInstance()->accounts().first().failures, i + 1);
-            if (i == 4) { // the count outlives the program
+            if (i == 4) { // the count outlives the program, and the pause begins anew
                 reopen();
                 accounts->start(false);
+                QCOMPARE(accounts->waitSeconds(kAdmin), pauses[i]);
                 QCOMPARE(accounts->logIn(kAdmin, kPassword), UserAccounts::LogIn::Wait);
+                now += 1000 * pauses[i] - 1;
             }
+            QCOMPARE(accounts->waitSeconds(kAdmin), 1);
             now += 1;
             QCOMPARE(accounts->waitSeconds(kAdmin), 0);
         }
@@ -156,27 +161,200 @@ private slots:
         QCOMPARE(accounts->waitSeconds(kAdmin), 1);
     }
 
-    void aClockPutBackDoesNotLockOutForLong()
+    /// What the clock on the wall said at the last failure plays no part in the pause.
+    void theClockOnTheWallDoesNotCount_data()
+    {
+        QTest::addColumn<qint64>("stored");
+        QTest::newRow("long ago") << qint64(1000);
+        QTest::newRow("in the far future") << qint64(99) * 365 * 24 * 3600 * 1000;
+    }
+
+    void theClockOnTheWallDoesNotCount()
+    {
+        QFETCH(qint64, stored);
+        now = 0; // a clock that begins with the machine
+        accounts->start(false);
+        QString error;
+        QVERIFY(accounts->setFirstPassword(kPassword, &error));
+        accounts->lock();
+        for (int i = 0; i < 3; ++i) {
+            accounts->logIn(kAdmin, QStringLiteral("wrong"));
+            now += 4000;
+        }
+        auto account = VeltrixDatabase::getInstance()->accounts().first();
+        QCOMPARE(account.failures, 3);
+        account.lastFailure = stored;
+        QVERIFY(VeltrixDatabase::getInstance()->saveAccount(account));
+        QCOMPARE(accounts->waitSeconds(kAdmin), 0);
+        reopen();
+        now = 0;
+        accounts->start(false);
+        QCOMPARE(accounts->waitSeconds(kAdmin), 4);
+        now += 4000;
+        QCOMPARE(accounts->logIn(kAdmin, kPassword), UserAccounts::LogIn::Good);
+    }
+
+    /// By default the pauses are counted on a clock that runs.
+    void theUsualClockRuns()
+    {
+        const qint64 wall = QDateTime::currentMSecsSinceEpoch();
+        accounts->start(false);
+        QString error;
+        QVERIFY(accounts->setFirstPassword(kPassword, &error));
+        accounts->lock();
+        accounts->setClock({});
+        QCOMPARE(accounts->logIn(kAdmin, QStringLiteral("wrong")),
+                 UserAccounts::LogIn::WrongPassword);
+        QVERIFY(accounts->waitSeconds(kAdmin) <= 1);
+        QTRY_COMPARE(accounts->waitSeconds(kAdmin), 0);
+        QVERIFY(QDateTime::currentMSecsSinceEpoch() - wall >= 1000);
+    }
+
+    void failuresAreSlowedOnAFullDisk()
+    {
+        accounts->start(false);
+        QString error;
+        QVERIFY(accounts->setFirstPassword(kPassword, &error));
+        accounts->lock();
+        {
+            const FullDisk full;
+            support::Journal journal;
+            int looked = 0;
+            for (int i = 0; i < 50; ++i) {
+                if (accounts->logIn(kAdmin, QStringLiteral("wrong")) != UserAccounts::LogIn::Wait)
+                    ++looked;
+            }
+            QCOMPARE(looked, 1);
+            QVERIFY(!accounts->countWarning().isEmpty());
+            QVERIFY(journal.of("log").contains(
+                {QStringLiteral("用户 admin 的登录失败次数（1）无法保存，仅在本次运行中有效"), 3}));
+            now += 1000;
+            QCOMPARE(accounts->logIn(kAdmin, QStringLiteral("wrong")),
+                     UserAccounts::LogIn::WrongPassword);
+            QCOMPARE(accounts->waitSeconds(kAdmin), 2);
+            QCOMPARE(VeltrixDatabase::getInstance()->accounts().first().failures, 0);
+            now += 2000;
+        }
+        // There is room again: the next count that is stored holds them all.
+        QCOMPARE(accounts->logIn(kAdmin, QStringLiteral("wrong")),
+                 UserAccounts::LogIn::WrongPassword);
+        QVERIFY(accounts->countWarning().isEmpty());
+        QCOMPARE(VeltrixDatabase::getInstance()->accounts().first().failures, 3);
+        now += 4000;
+        QCOMPARE(accounts->logIn(kAdmin, kPassword), UserAccounts::LogIn::Good);
+        QCOMPARE(VeltrixDatabase::getInstance()->accounts().first().failures, 0);
+    }
+
+    void theRightPasswordEntersOnAFullDisk()
     {
         accounts->start(false);
         QString error;
         QVERIFY(accounts->setFirstPassword(kPassword, &error));
         accounts->lock();
         accounts->logIn(kAdmin, QStringLiteral("wrong"));
-        now -= qint64(365) * 24 * 3600 * 1000;
-        QCOMPARE(accounts->waitSeconds(kAdmin), 1);
         now += 1000;
+        const FullDisk full;
         QCOMPARE(accounts->logIn(kAdmin, kPassword), UserAccounts::LogIn::Good);
+        accounts->lock();
+        QCOMPARE(accounts->waitSeconds(kAdmin), 0);
+        QCOMPARE(accounts->logIn(kAdmin, QStringLiteral("wrong")),
+                 UserAccounts::LogIn::WrongPassword);
+        QCOMPARE(accounts->waitSeconds(kAdmin), 1); // the good one ended the row
+    }
+
+    /// An account of a time when six characters were enough.
+    void aShortPasswordOfOldLogsIn()
+    {
+        VeltrixDatabase::Account old;
+        old.name = QStringLiteral("old");
+        old.role = AUTHORITY_ADMINISTRATOR;
+        old.passwordHash = "$argon2id$v=19$m=8,t=1,p=1$lvxRinuTRZaWT+DF3E3anw"
+                           "$sY02UyXAhuUNDMy3yQtLGmk+TIc9LlSuKgsL2QgUbeY";
+        QVERIFY(VeltrixDatabase::getInstance()->saveAccount(old));
+        accounts->start(false);
+        QCOMPARE(accounts->logIn(old.name, QStringLiteral("short1")), UserAccounts::LogIn::Good);
+        QString error;
+        QVERIFY(!accounts->changeOwnPassword(QStringLiteral("short1"), QStringLiteral("short12"),
+                                             &error));
+        QVERIFY(error.contains(QStringLiteral("8")));
+        QVERIFY2(accounts->changeOwnPassword(QStringLiteral("short1"), QStringLiteral("short123"),
+                                             &error),
+                 qPrintable(error));
+    }
+
+    void ownPasswordAsksForTheOldOne()
+    {
+        const QString second = QStringLiteral("another-1");
+        accounts->start(false);
+        QString error;
+        QVERIFY(!accounts->changeOwnPassword(QString(), second, &error)); // nobody is there
+        QVERIFY(accounts->setFirstPassword(kPassword, &error));
+        // The way without the old one is not for oneself, the administrator included.
+        error.clear();
+        QVERIFY(!accounts->changePassword(kAdmin, second, &error));
+        QVERIFY(!error.isEmpty());
+
+        support::Journal journal;
+        for (const int pause : {1, 2, 4}) {
+            error.clear();
+            QVERIFY(!accounts->changeOwnPassword(second, second, &error));
+            QVERIFY2(error.contains(QString::number(pause)), qPrintable(error));
+            QCOMPARE(accounts->waitSeconds(kAdmin), pause);
+            // In the pause nothing is looked at, and nothing more is counted.
+            error.clear();
+            QVERIFY(!accounts->changeOwnPassword(kPassword, second, &error));
+            QVERIFY(!error.isEmpty());
+            QCOMPARE(accounts->waitSeconds(kAdmin), pause);
+            now += 1000 * pause;
+        }
+        QCOMPARE(VeltrixDatabase::getInstance()->accounts().first().failures, 3);
+        QCOMPARE(journal.of("config").last(),
+                 (QVariantList{QStringLiteral("oldPasswordWrong"), kAdmin, 3}));
+        // It is one count with the log-ins.
+        accounts->lock();
+        QCOMPARE(accounts->logIn(kAdmin, second), UserAccounts::LogIn::WrongPassword);
+        QCOMPARE(accounts->waitSeconds(kAdmin), 8);
+        now += 8000;
+        QCOMPARE(accounts->logIn(kAdmin, kPassword), UserAccounts::LogIn::Good);
+
+        QVERIFY2(accounts->changeOwnPassword(kPassword, second, &error), qPrintable(error));
+        accounts->lock();
+        QVERIFY(!accounts->changeOwnPassword(second, kPassword, &error));
+        QCOMPARE(accounts->logIn(kAdmin, kPassword), UserAccounts::LogIn::WrongPassword);
+        now += 1000;
+        QCOMPARE(accounts->logIn(kAdmin, second), UserAccounts::LogIn::Good);
+    }
+
+    void anAdministratorEndsTheRowOfFailures()
+    {
+        const QString op = QStringLiteral("op");
+        accounts->start(false);
+        QString error;
+        QVERIFY(accounts->setFirstPassword(kPassword, &error));
+        QVERIFY(accounts->add(op, AUTHORITY_OPERATOR, kPassword, &error));
+        accounts->lock();
+        accounts->logIn(op, QStringLiteral("wrong"));
+        QCOMPARE(accounts->waitSeconds(op), 1);
+        QCOMPARE(accounts->logIn(kAdmin, kPassword), UserAccounts::LogIn::Good);
+        QVERIFY(accounts->changePassword(op, QStringLiteral("another-1"), &error));
+        QCOMPARE(accounts->waitSeconds(op), 0);
+        // Nor does a new user of the name take over what was counted for the old one.
+        accounts->lock();
+        accounts->logIn(op, QStringLiteral("wrong"));
+        QCOMPARE(accounts->logIn(kAdmin, kPassword), UserAccounts::LogIn::Good);
+        QVERIFY(accounts->remove(op, &error));
+        QVERIFY(accounts->add(op, AUTHORITY_OPERATOR, kPassword, &error));
+        QCOMPARE(accounts->waitSeconds(op), 0);
     }
 
     void passwordsOfAllKinds_data()
     {
         QTest::addColumn<QString>("password");
-        QTest::newRow("Chinese") << QStringLiteral("码垛工艺密码");
+        QTest::newRow("Chinese") << QStringLiteral("码垛工艺登录密码");
         QTest::newRow("forty characters") << QString(40, QLatin1Char('x'));
         QTest::newRow("longest") << QString(128, QChar(0x7801));
         QTest::newRow("blanks and marks") << QStringLiteral(" a'\";-- %1 ");
-        QTest::newRow("beyond 16 bits") << QString::fromUtf8("😀😀😀😀");
+        QTest::newRow("beyond 16 bits") << QString::fromUtf8("😀😀😀😀😀😀😀😀");
     }
 
     void passwordsOfAllKinds()
@@ -240,8 +418,7 @@ private slots:
         QVERIFY(!accounts->changeRole(QStringLiteral("boss"), AUTHORITY_ADMINISTRATOR, &error));
         QVERIFY(!accounts->changePassword(QStringLiteral("王小明"), QStringLiteral("another-1"),
                                           &error));
-        QVERIFY(
-            accounts->changePassword(QStringLiteral("boss"), QStringLiteral("another-1"), &error));
+        QVERIFY(accounts->changeOwnPassword(kPassword, QStringLiteral("another-1"), &error));
         QVERIFY(accounts->lock());
         QCOMPARE(accounts->logIn(QStringLiteral("boss"), kPassword),
                  UserAccounts::LogIn::WrongPassword);
