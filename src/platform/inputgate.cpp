@@ -1,7 +1,7 @@
 #include "inputgate.h"
 
 #include <QAbstractButton>
-#include <QCoreApplication>
+#include <QApplication>
 #include <QEvent>
 #include <QWidget>
 
@@ -24,6 +24,21 @@ bool isInModalDialog(const QWidget *widget)
             return true;
     }
     return false;
+}
+
+/// A list or menu that is open takes every touch, wherever it lies; those that do not belong to
+/// `root` are closed, and no row of them is chosen. Nested ones close from the top.
+void closePopupsBeside(const QWidget *root)
+{
+    while (QWidget *popup = QApplication::activePopupWidget()) {
+        if (isBelow(popup, root))
+            return;
+        popup->close();
+        if (QApplication::activePopupWidget() == popup)
+            popup->hide(); // one that refuses to close
+        if (QApplication::activePopupWidget() == popup)
+            return;
+    }
 }
 
 bool isPress(QEvent::Type type)
@@ -88,6 +103,7 @@ void InputGate::restrictTo(QWidget *root)
 {
     if (!root)
         return;
+    closePopupsBeside(root);
     m_roots.removeAll(nullptr);
     m_roots.removeAll(root);
     m_roots.append(root);

@@ -19,7 +19,7 @@ public:
     static InputGate *getInstance();
 
     /// From now on only `root` and what lies below it gets input. Given twice it counts once and
-    /// moves to the top.
+    /// moves to the top. Lists and menus that are open elsewhere close without a choice.
     void restrictTo(QWidget *root);
     void release(QWidget *root);
     bool isRestricted() const;

@@ -104,13 +104,25 @@ void VeltrixWidgetFoundation::addContent(QWidget *widget)
     widget->setParent(this);
     widget->setGeometry(DisplaySize::widgetX, DisplaySize::widgetY, DisplaySize::contentWidth,
                         DisplaySize::contentHeight);
+    // Lock screen, questions and messages stay above it, also those of a window not shown yet.
+    widget->stackUnder(m_titleBar);
     m_contents.append(widget);
     if (m_area == TitleBar::Process)
         widget->setVisible(!hidden);
     else if (!hidden)
         m_shownContents.append(widget);
-    if (m_login->isVisible())
-        m_login->raise();
+}
+
+void VeltrixWidgetFoundation::showContent(QWidget *widget)
+{
+    if (m_area != TitleBar::Process) {
+        m_shownContents = {widget};
+        return;
+    }
+    for (const QPointer<QWidget> &content : m_contents) {
+        if (content)
+            content->setVisible(content == widget);
+    }
 }
 
 void VeltrixWidgetFoundation::setEmbeddedController(bool embedded)

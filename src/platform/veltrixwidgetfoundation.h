@@ -31,6 +31,9 @@ public:
 
     /// Puts a page host into the content area, at 714 x 504; hidden hosts stay hidden.
     void addContent(QWidget *widget);
+    /// Shows this one of the page hosts and hides the others; while another area is shown, on the
+    /// return from it.
+    void showContent(QWidget *widget);
     /// The controller runs inside this program: marked on screen at all times.
     void setEmbeddedController(bool embedded);
     EventPage *eventPage() const { return m_events; }

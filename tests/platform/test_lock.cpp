@@ -1,5 +1,6 @@
 // The lock screen and what brings it up: while it is there, nothing below it can be touched.
 
+#include "../fulldisk.h"
 #include "../support.h"
 
 #include "idlelock.h"
@@ -12,9 +13,13 @@
 #include "veltrixdatabase.h"
 #include "veltrixwidgetfoundation.h"
 
+#include <QAbstractItemView>
 #include <QComboBox>
+#include <QDialog>
 #include <QLabel>
+#include <QMenu>
 #include <QPushButton>
+#include <QTemporaryDir>
 #include <QVBoxLayout>
 
 #include <memory>
@@ -149,6 +154,164 @@ private slots:
         QTRY_VERIFY(enter->isEnabled());
         logInAs(kBoss);
         QVERIFY(!App::locked_);
+    }
+
+    void aWrongPasswordIsAlwaysNamed()
+    {
+        const QString wrong = QStringLiteral("密码错误");
+        auto *enter = support::child<QPushButton>(lockScreen(), "logInEnter");
+        accounts()->lock();
+        QVERIFY(!message().contains(wrong));
+        typePassword(QStringLiteral("wrong"));
+        QTest::mouseClick(enter, Qt::LeftButton);
+        QVERIFY2(message().contains(wrong), qPrintable(message()));
+        wall += 1000; // and when the pause is over
+        QTRY_VERIFY(enter->isEnabled());
+        QVERIFY2(message().contains(wrong), qPrintable(message()));
+        // The other user's was not.
+        auto *user = support::child<QComboBox>(lockScreen(), "logInUser");
+        user->setCurrentIndex(user->findText(kOperator));
+        QVERIFY(!message().contains(wrong));
+        user->setCurrentIndex(user->findText(kBoss));
+        // A pause that is over at once, as on a clock that leaps.
+        accounts()->setClock([this] { return wall += 1000000; });
+        typePassword(QStringLiteral("wrong"));
+        QTest::mouseClick(enter, Qt::LeftButton);
+        QVERIFY(enter->isEnabled());
+        QVERIFY2(message().contains(wrong), qPrintable(message()));
+        logInAs(kBoss);
+        QVERIFY(!App::locked_);
+        accounts()->lock();
+        QVERIFY(!message().contains(wrong));
+    }
+
+    void aCountThatCannotBeStoredIsNamed()
+    {
+        const QTemporaryDir directory;
+        QVERIFY(VeltrixDatabase::getInstance()->open(directory.path()));
+        accounts()->start(true);
+        QString error;
+        QVERIFY2(accounts()->add(kBoss, AUTHORITY_ADMINISTRATOR, kPassword, &error),
+                 qPrintable(error));
+        accounts()->lock();
+        auto *enter = support::child<QPushButton>(lockScreen(), "logInEnter");
+        {
+            const FullDisk full;
+            typePassword(QStringLiteral("wrong"));
+            QTest::mouseClick(enter, Qt::LeftButton);
+        }
+        QVERIFY2(message().contains(QStringLiteral("密码错误")), qPrintable(message()));
+        QVERIFY2(message().contains(accounts()->countWarning()), qPrintable(message()));
+        QVERIFY(!accounts()->countWarning().isEmpty());
+        QVERIFY(!enter->isEnabled());
+        wall += 1000;
+        QTRY_VERIFY(enter->isEnabled());
+        VeltrixDatabase::getInstance()->close();
+    }
+
+    /// The lock, or a question, comes while a list is open and a row of it is under the finger.
+    void anOpenListClosesWithoutAChoice_data()
+    {
+        QTest::addColumn<bool>("byQuestion");
+        QTest::newRow("lock") << false;
+        QTest::newRow("question") << true;
+    }
+
+    void anOpenListClosesWithoutAChoice()
+    {
+        QFETCH(bool, byQuestion);
+        auto *box = new QComboBox(page);
+        box->addItems({QStringLiteral("a"), QStringLiteral("b"), QStringLiteral("c")});
+        page->layout()->addWidget(box);
+        QSignalSpy activated(box, QOverload<int>::of(&QComboBox::activated));
+        QSignalSpy changed(box, QOverload<int>::of(&QComboBox::currentIndexChanged));
+        box->show();
+        box->showPopup();
+        QTRY_VERIFY(QApplication::activePopupWidget());
+        QTest::keyClick(box->view(), Qt::Key_Down);
+        QCOMPARE(box->view()->currentIndex().row(), 1);
+        PromptWidget *prompt = PromptWidget::getInstance();
+        if (byQuestion)
+            prompt->ask(PromptWidget::PROMPT_EASY_MODE, QString(), [](bool) {});
+        else
+            accounts()->lock();
+        QVERIFY(!QApplication::activePopupWidget());
+        QVERIFY(!box->view()->isVisible());
+        QCOMPARE(static_cast<int>(activated.count()), 0);
+        QCOMPARE(static_cast<int>(changed.count()), 0);
+        QCOMPARE(box->currentIndex(), 0);
+        if (byQuestion)
+            prompt->close();
+        else
+            logInAs(kBoss);
+        // It opens and chooses as before.
+        box->showPopup();
+        QTRY_VERIFY(QApplication::activePopupWidget());
+        QTest::keyClick(box->view(), Qt::Key_Down);
+        QTest::keyClick(box->view(), Qt::Key_Return);
+        QCOMPARE(box->currentIndex(), 1);
+        QCOMPARE(static_cast<int>(activated.count()), 1);
+    }
+
+    void openMenusCloseOneByOne()
+    {
+        QMenu menu(page);
+        QMenu *sub = menu.addMenu(QStringLiteral("more"));
+        sub->addAction(QStringLiteral("deeper"));
+        QSignalSpy triggered(&menu, &QMenu::triggered);
+        menu.popup(page->mapToGlobal(QPoint(10, 10)));
+        QTRY_VERIFY(menu.isVisible());
+        QTest::keyClick(&menu, Qt::Key_Down);
+        QTest::keyClick(&menu, Qt::Key_Right);
+        QTRY_VERIFY(sub->isVisible());
+        accounts()->lock();
+        QVERIFY(!QApplication::activePopupWidget());
+        QVERIFY(!menu.isVisible() && !sub->isVisible());
+        QCOMPARE(static_cast<int>(triggered.count()), 0);
+        logInAs(kBoss);
+        QVERIFY(!App::locked_);
+    }
+
+    /// The list of users is the lock screen's own.
+    void theListOfTheLockScreenStaysOpen()
+    {
+        accounts()->lock();
+        auto *user = support::child<QComboBox>(lockScreen(), "logInUser");
+        user->showPopup();
+        QTRY_VERIFY(QApplication::activePopupWidget());
+        InputGate::getInstance()->restrictTo(lockScreen());
+        QVERIFY(QApplication::activePopupWidget());
+        user->hidePopup();
+    }
+
+    void aModalDialogIsNoList()
+    {
+        QDialog dialog(window.get());
+        dialog.open();
+        QTRY_VERIFY(dialog.isVisible());
+        accounts()->lock();
+        QVERIFY(dialog.isVisible());
+        dialog.close();
+    }
+
+    /// A page that is put in while the window is locked and not on screen yet, as at each start of
+    /// a pendant with users.
+    void aPagePutInBelowTheLockScreen()
+    {
+        window->hide();
+        accounts()->lock();
+        auto *late = new QPushButton;
+        window->addContent(late);
+        window->show();
+        QVERIFY(QTest::qWaitForWindowActive(window.get()));
+        QVERIFY(late->isVisible());
+        for (const QPoint &place : {QPoint(400, 300), QPoint(60, 60), QPoint(700, 540)}) {
+            QWidget *hit = window->childAt(place);
+            QVERIFY2(hit && (hit == lockScreen() || lockScreen()->isAncestorOf(hit)),
+                     qPrintable(hit ? hit->objectName() : QString()));
+        }
+        logInAs(kBoss);
+        QCOMPARE(window->childAt(QPoint(400, 300)), static_cast<QWidget *>(late));
     }
 
     void sameUserComesBackToTheSamePage()
