@@ -33,6 +33,21 @@
     </message>
 </context>
 <context>
+    <name>AuditLog</name>
+    <message>
+        <source>审计日志结束，缺少 %1 条记录</source>
+        <translation>The audit log ends with %1 entries missing</translation>
+    </message>
+    <message>
+        <source>审计日志无法写入：%1</source>
+        <translation>The audit log cannot be written: %1</translation>
+    </message>
+    <message>
+        <source>审计日志恢复写入，缺少 %1 条记录</source>
+        <translation>The audit log can be written again; %1 entries are missing</translation>
+    </message>
+</context>
+<context>
     <name>CommandInsert</name>
     <message>
         <source>运行次数</source>
@@ -705,10 +720,6 @@ The program wizard of palletising puts its jobs here.</translation>
         <translation>Wrong password. Try again in %1 s</translation>
     </message>
     <message>
-        <source>请重新输入密码</source>
-        <translation>Please enter the password again</translation>
-    </message>
-    <message>
         <source>两次输入的密码不一致</source>
         <translation>The two passwords differ</translation>
     </message>
@@ -751,6 +762,18 @@ The program wizard of palletising puts its jobs here.</translation>
     <message>
         <source>至少 %1 个字符，用户名为 %2</source>
         <translation>At least %1 characters; the user name is %2</translation>
+    </message>
+    <message>
+        <source>请等待 %1 秒后再试</source>
+        <translation>Try again in %1 s</translation>
+    </message>
+    <message>
+        <source>请输入密码</source>
+        <translation>Please enter the password</translation>
+    </message>
+    <message>
+        <source>密码错误。请重新输入密码</source>
+        <translation>Wrong password. Please enter the password again</translation>
     </message>
 </context>
 <context>
@@ -1184,6 +1207,12 @@ controller</translation>
     <message>
         <source>语言文件无法读取</source>
         <translation>The language file cannot be read</translation>
+    </message>
+    <message>
+        <source>审计日志无法写入
+缺少 %1 条记录</source>
+        <translation>Audit log not writable
+%1 entries missing</translation>
     </message>
 </context>
 <context>
@@ -2709,6 +2738,38 @@ old values shown</translation>
         <source>删除用户 %1</source>
         <translation>User %1 deleted</translation>
     </message>
+    <message>
+        <source>用户 %1 的登录失败次数（%2）无法保存，仅在本次运行中有效</source>
+        <translation>The failed log-ins of user %1 (%2) cannot be stored; they count in this run only</translation>
+    </message>
+    <message>
+        <source>登录失败次数无法保存，请检查存储空间</source>
+        <translation>The failed log-ins cannot be stored; check the storage space</translation>
+    </message>
+    <message>
+        <source>管理用户</source>
+        <translation>Manage users</translation>
+    </message>
+    <message>
+        <source>请先登录</source>
+        <translation>Please log in first</translation>
+    </message>
+    <message>
+        <source>请等待 %1 秒后再试</source>
+        <translation>Try again in %1 s</translation>
+    </message>
+    <message>
+        <source>用户 %1 修改密码时原密码错误，连续第 %2 次</source>
+        <translation>User %1 entered a wrong old password to change it, failure %2 in a row</translation>
+    </message>
+    <message>
+        <source>修改自己的密码需要原密码</source>
+        <translation>Changing your own password needs the old one</translation>
+    </message>
+    <message>
+        <source>原密码错误。请等待 %1 秒后再试</source>
+        <translation>The old password is wrong. Try again in %1 s</translation>
+    </message>
 </context>
 <context>
     <name>UserPage</name>
@@ -2783,6 +2844,14 @@ old values shown</translation>
     <message>
         <source>无操作自动锁定</source>
         <translation>Lock when idle</translation>
+    </message>
+    <message>
+        <source>原密码</source>
+        <translation>Old password</translation>
+    </message>
+    <message>
+        <source>修改自己的密码时</source>
+        <translation>For your own password</translation>
     </message>
 </context>
 <context>

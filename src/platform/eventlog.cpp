@@ -1,5 +1,6 @@
 #include "eventlog.h"
 
+#include "oneline.h"
 #include "wholefile.h"
 
 #include <QCoreApplication>
@@ -27,34 +28,6 @@ QVariantList cutValues(const QVariantList &values)
         }
     }
     return kept;
-}
-
-QString escaped(const QString &text)
-{
-    QString out;
-    out.reserve(text.size());
-    for (const QChar c : text) {
-        switch (c.unicode()) {
-        case '\t':
-            out += QLatin1String("\\t");
-            break;
-        case '\n':
-            out += QLatin1String("\\n");
-            break;
-        case '\r':
-            out += QLatin1String("\\r");
-            break;
-        case '\\':
-            out += QLatin1String("\\\\");
-            break;
-        default:
-            if (c.unicode() < 0x20 || c.unicode() == 0x7f)
-                out += QStringLiteral("\\x%1").arg(c.unicode(), 2, 16, QLatin1Char('0'));
-            else
-                out += c;
-        }
-    }
-    return out;
 }
 
 bool startsWithMessageId(const QString &kind)
@@ -100,9 +73,9 @@ QString EventLog::valuesText(const Entry &entry)
         if (i == 0 && startsWithMessageId(entry.kind))
             parts += QStringLiteral("0x%1").arg(value.toUInt(), 4, 16, QLatin1Char('0'));
         else if (static_cast<int>(value.userType()) == QMetaType::QByteArray)
-            parts += escaped(QString::fromUtf8(value.toByteArray()).trimmed());
+            parts += oneLine(QString::fromUtf8(value.toByteArray()).trimmed());
         else
-            parts += escaped(value.toString());
+            parts += oneLine(value.toString());
     }
     return parts.join(QStringLiteral(" · "));
 }

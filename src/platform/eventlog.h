@@ -40,7 +40,7 @@ public:
     void clear();
 
     /// The values of one entry as one readable line: ids of messages in hexadecimal, bodies as
-    /// text, tabs, line ends and other control characters escaped (\\t, \\n, \\xNN).
+    /// text, tabs, line ends and what else shows nothing escaped as by oneLine().
     static QString valuesText(const Entry &entry);
 
     /// Writes the kept entries, oldest first, as UTF-8 lines of four tab-separated columns: number,

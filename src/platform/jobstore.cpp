@@ -10,11 +10,6 @@
 
 namespace {
 
-void journal(const char *operation, const QString &name)
-{
-    EventLog::getInstance()->record(QStringLiteral("job"), {QString::fromLatin1(operation), name});
-}
-
 QString folderOf(int robot)
 {
     return QStringLiteral("robot%1").arg(robot);
@@ -102,11 +97,11 @@ QString JobStore::save(int robot, const QString &name, const QByteArray &text)
     if (kept >= 0)
         m_unsaved.remove(kept);
     if (reason.isEmpty()) {
-        journal("storeJob", name);
+        note(robot, "storeJob", name);
         m_verdicts.remove(pathOf(robot, name));
         hand(robot, name, text);
     } else {
-        journal("storeFailed", name);
+        note(robot, "storeFailed", name);
         m_unsaved.append({robot, name, text, reason});
     }
     emit changed();
@@ -128,10 +123,16 @@ QString JobStore::remove(int robot, const QString &name)
     const QString reason = directoryFor(robot).remove(fileNameOf(name));
     if (!reason.isEmpty())
         return reason;
-    journal("removeJob", name);
+    note(robot, "removeJob", name);
     m_verdicts.remove(pathOf(robot, name));
     emit changed();
     return {};
+}
+
+void JobStore::note(int robot, const char *operation, const QString &name)
+{
+    EventLog::getInstance()->record(QStringLiteral("job"), {QString::fromLatin1(operation), name});
+    emit fileChanged(robot, QString::fromLatin1(operation), name);
 }
 
 int JobStore::indexOfUnsaved(int robot, const QString &name) const
@@ -157,7 +158,7 @@ void JobStore::drop(int robot, const QString &name)
     if (index < 0)
         return;
     m_unsaved.remove(index);
-    journal("dropJob", name);
+    note(robot, "dropJob", name);
     emit changed();
 }
 

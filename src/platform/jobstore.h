@@ -77,10 +77,14 @@ public:
 signals:
     /// A file, an unsaved job or a verdict came, went or changed.
     void changed();
+    /// A job was stored ("storeJob"), could not be ("storeFailed"), was removed ("removeJob"), or
+    /// one that is in memory only was given up ("dropJob").
+    void fileChanged(int robot, const QString &operation, const QString &name);
 
 private:
     explicit JobStore(QObject *parent = nullptr);
 
+    void note(int robot, const char *operation, const QString &name);
     void takeVerdict(int robot, const QString &name, const JobFault &fault);
     void forgetSent();
     JobDirectory directoryFor(int robot, bool make = false) const;

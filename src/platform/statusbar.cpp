@@ -1,8 +1,10 @@
 #include "statusbar.h"
 
+#include "auditlog.h"
 #include "language.h"
 #include "snackbarmessage.h"
 #include "useraccounts.h"
+#include "warningmark.h"
 
 #include <QDateTime>
 #include <QEvent>
@@ -12,13 +14,15 @@
 #include <QTimer>
 
 StatusBar::StatusBar(QWidget *parent)
-    : QWidget(parent), m_user(new QLabel(this)), m_time(new QLabel(this)),
-      m_language(new QPushButton(this)), m_clock(new QTimer(this))
+    : QWidget(parent), m_user(new QLabel(this)), m_audit(new QLabel(this)),
+      m_time(new QLabel(this)), m_language(new QPushButton(this)), m_clock(new QTimer(this))
 {
     setObjectName(QStringLiteral("statusBar"));
     setFixedHeight(kHeight);
     m_user->setObjectName(QStringLiteral("statusUser"));
     m_user->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
+    m_audit->setObjectName(QStringLiteral("auditMark"));
+    setUpWarningMark(m_audit);
     m_time->setObjectName(QStringLiteral("statusTime"));
     m_language->setObjectName(QStringLiteral("languageButton"));
     m_language->setFocusPolicy(Qt::NoFocus);
@@ -28,6 +32,7 @@ StatusBar::StatusBar(QWidget *parent)
     row->setContentsMargins(10, 3, 10, 3);
     row->setSpacing(12);
     row->addWidget(m_user, 1);
+    row->addWidget(m_audit);
     row->addWidget(m_language);
     row->addWidget(m_time);
 
@@ -35,6 +40,7 @@ StatusBar::StatusBar(QWidget *parent)
     connect(UserAccounts::getInstance(), &UserAccounts::userChanged, this, &StatusBar::retranslate);
     connect(UserAccounts::getInstance(), &UserAccounts::accountsChanged, this,
             &StatusBar::retranslate);
+    connect(AuditLog::getInstance(), &AuditLog::missingChanged, this, &StatusBar::refreshAudit);
     connect(m_clock, &QTimer::timeout, this, &StatusBar::refreshTime);
     m_clock->start(1000);
     retranslate();
@@ -48,6 +54,14 @@ void StatusBar::retranslate()
     m_language->setText(chinese ? QStringLiteral("中 → EN") : QStringLiteral("EN → 中"));
     m_language->setAccessibleName(tr("切换语言"));
     refreshTime();
+    refreshAudit();
+}
+
+void StatusBar::refreshAudit()
+{
+    const int missing = AuditLog::getInstance()->missing();
+    m_audit->setText(tr("审计日志无法写入\n缺少 %1 条记录").arg(missing));
+    m_audit->setVisible(missing > 0);
 }
 
 void StatusBar::refreshTime()

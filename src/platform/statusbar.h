@@ -6,7 +6,8 @@ class QLabel;
 class QPushButton;
 class QTimer;
 
-/// The foot of the main window: who is logged in, the language, the time.
+/// The foot of the main window: who is logged in, whether the audit log is missing lines, the
+/// language, the time.
 class StatusBar : public QWidget {
     Q_OBJECT
 public:
@@ -20,9 +21,11 @@ protected:
 private:
     void retranslate();
     void refreshTime();
+    void refreshAudit();
     void switchLanguage();
 
     QLabel *m_user;
+    QLabel *m_audit;
     QLabel *m_time;
     QPushButton *m_language;
     QTimer *m_clock;

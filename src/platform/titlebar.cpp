@@ -1,6 +1,7 @@
 #include "titlebar.h"
 
 #include "robot.h"
+#include "warningmark.h"
 
 #include <QEvent>
 #include <QHBoxLayout>
@@ -29,16 +30,7 @@ TitleBar::TitleBar(QWidget *parent)
     m_title->setWordWrap(true);
     m_title->installEventFilter(this);
     m_stale->setObjectName(QStringLiteral("staleMark"));
-    QPalette warning = m_stale->palette();
-    warning.setColor(QPalette::Window, QColor(0xc6, 0x28, 0x28));
-    warning.setColor(QPalette::WindowText, Qt::white);
-    m_stale->setPalette(warning);
-    m_stale->setAutoFillBackground(true);
-    m_stale->setAlignment(Qt::AlignCenter);
-    m_stale->setMargin(3);
-    QFont small = m_stale->font();
-    small.setPointSize(10);
-    m_stale->setFont(small);
+    setUpWarningMark(m_stale);
     m_lock->setObjectName(QStringLiteral("lockButton"));
 
     auto *row = new QHBoxLayout(this);
