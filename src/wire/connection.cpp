@@ -114,6 +114,7 @@ void Connection::close(const QString &reason)
     m_greetingTimer.stop();
     m_recall.stop();
     m_socket->disconnect(this);
+    m_socket->flush(); // what was said last, such as that the enabling switch is let go
     m_socket->abort();
     emit closed(reason);
 }

@@ -110,6 +110,23 @@ private slots:
         QCOMPARE(*wire::text(end.connection->peer(), "name"), QStringLiteral("raw"));
     }
 
+    /// Such as the word that the enabling switch is let go.
+    void whatIsSaidLastStillArrives()
+    {
+        RawPeer peer;
+        End end(peer.port());
+        QVERIFY(meet(peer));
+        peer.send(wire::HelloAnswer, answer());
+        QTRY_COMPARE(end.opened, 1);
+        QVERIFY(end.connection->send(1000, "last"));
+        end.connection->close(QStringLiteral("done"));
+        wire::Frame last;
+        QVERIFY(meet(peer, &last));
+        QCOMPARE(last.id, quint16(1000));
+        QCOMPARE(last.body, QByteArray("last"));
+        QTRY_COMPARE(peer.socket()->state(), QAbstractSocket::UnconnectedState);
+    }
+
     void unacceptableAnswers_data()
     {
         QTest::addColumn<int>("id");
