@@ -4,6 +4,7 @@
 
 #include "pendantstyle.h"
 #include "veltrixwidgetfoundation.h"
+#include "wire/termination.h"
 
 #include <QApplication>
 #include <QTextStream>
@@ -44,10 +45,12 @@ int main(int argc, char **argv)
     pendant.window()->show();
 
     int result = 0;
-    if (options->tourDirectory.isEmpty())
+    if (options->tourDirectory.isEmpty()) {
+        quitOnTermination([&pendant] { pendant.letGo(); });
         result = QApplication::exec();
-    else
+    } else {
         result = Tour(pendant, options->tourDirectory).run() ? 0 : 1;
+    }
     pendant.stop();
     return result;
 }

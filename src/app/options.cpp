@@ -33,7 +33,7 @@ std::optional<Options> readOptions(const QStringList &arguments, QString *error)
                        "by default 1. Repeatable."),
         QStringLiteral("ROBOT=TYPE"));
     const QCommandLineOption data(QStringLiteral("data"),
-                                  QStringLiteral("Keep configuration, accounts, log, jobs and the "
+                                  QStringLiteral("Keep configuration, accounts, logs, jobs and the "
                                                  "embedded controller's parameters here."),
                                   QStringLiteral("DIR"));
     const QCommandLineOption tour(

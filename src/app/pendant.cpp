@@ -1,6 +1,7 @@
 #include "app/pendant.h"
 
 #include "app.h"
+#include "auditlog.h"
 #include "eventpage.h"
 #include "jobstore.h"
 #include "language.h"
@@ -31,6 +32,7 @@ bool Pendant::openStore(const Options &options, QString *error)
         *error = QStringLiteral("The log in %1 cannot be opened.").arg(options.dataDirectory);
         return false;
     }
+    AuditLog::getInstance()->open(options.dataDirectory);
     VeltrixDatabase::getInstance()->loadAppConfigData();
     JobStore::getInstance()->setDirectory(options.dataDirectory + QStringLiteral("/jobs"));
     return true;
@@ -71,9 +73,8 @@ void Pendant::wirePages()
                      &VeltrixWidgetFoundation::showWidgetTitle);
     QObject::connect(m_pages, &TechnologyWidget::showJobFile, m_window,
                      &VeltrixWidgetFoundation::showJobs);
-    const auto backToMenu = [this, hosted] {
-        hosted->hide();
-        m_pages->show();
+    const auto backToMenu = [this] {
+        m_window->showContent(m_pages);
         m_pages->return_mainPage();
     };
     QObject::connect(hosted, &NewTechnologyWidget::backRequested, m_pages, backToMenu);
@@ -109,10 +110,16 @@ bool Pendant::start(const Options &options, QString *error)
     return connectController(options, error);
 }
 
+void Pendant::letGo()
+{
+    m_window->close();
+}
+
 void Pendant::stop()
 {
     Robot::getInstance()->disconnectFromController();
     m_controller.stop();
+    AuditLog::getInstance()->close();
     PrintLog::close();
     VeltrixDatabase::getInstance()->close();
 }

@@ -13,6 +13,9 @@ class Pendant {
 public:
     /// Starts everything; false with one sentence in `error` when something cannot be had.
     bool start(const Options &options, QString *error);
+    /// Takes the window from the screen, which lets go of every held key: the controller is told
+    /// that nobody holds the enabling switch before the link ends.
+    void letGo();
     /// Ends the link before the embedded controller, so that no loss is reported.
     void stop();
 

@@ -3,7 +3,7 @@
 #include "link/messages.h"
 #include "simulator/kinematicrule.h"
 #include "simulator/simulatedcontroller.h"
-#include "simulator/termination.h"
+#include "wire/termination.h"
 
 #include <QCommandLineParser>
 #include <QCoreApplication>

@@ -1,10 +1,11 @@
-#include "simulator/termination.h"
+#include "wire/termination.h"
 
 #include <QCoreApplication>
 #include <QSocketNotifier>
 #include <csignal>
 #include <fcntl.h>
 #include <unistd.h>
+#include <utility>
 
 namespace {
 
@@ -20,14 +21,19 @@ void onSignal(int)
 
 } // namespace
 
-void quitOnTermination()
+void quitOnTermination(std::function<void()> before)
 {
     if (::pipe2(pipeEnds, O_CLOEXEC | O_NONBLOCK) != 0)
         return;
     auto *notifier =
         new QSocketNotifier(pipeEnds[0], QSocketNotifier::Read, QCoreApplication::instance());
-    QObject::connect(notifier, &QSocketNotifier::activated, QCoreApplication::instance(),
-                     &QCoreApplication::quit);
+    const auto end = [before = std::move(before), notifier] {
+        notifier->setEnabled(false); // once is enough
+        if (before)
+            before();
+        QCoreApplication::quit();
+    };
+    QObject::connect(notifier, &QSocketNotifier::activated, QCoreApplication::instance(), end);
 
     struct sigaction action = {};
     action.sa_handler = onSignal;
