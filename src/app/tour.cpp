@@ -1,6 +1,7 @@
 #include "app/tour.h"
 
 #include "app/jobtour.h"
+#include "app/locktour.h"
 #include "app/operator.h"
 #include "app/pallettour.h"
 #include "app/pendant.h"
@@ -25,11 +26,19 @@ bool Tour::run()
     if (!m_operator.waitFor(QStringLiteral("the connection to the controller"),
                             [] { return Robot::getInstance()->isConnected(); }))
         return false;
-    for (const QString &language : {QStringLiteral("zh"), QStringLiteral("en")}) {
+    const QStringList languages{QStringLiteral("zh"), QStringLiteral("en")};
+    for (const QString &language : languages) {
         if (!Language::getInstance()->setCurrent(language))
             return m_operator.fail(QStringLiteral("the language %1 cannot be had").arg(language));
         if (!visitPackages(language) || !visitHostedPages() || !visitApplicationPages()
             || !setUpPolishing() || !PalletTour(m_operator).walk() || !makeJob(language))
+            return false;
+    }
+    LockTour lock(m_operator);
+    if (!lock.makeUser())
+        return false;
+    for (const QString &language : languages) {
+        if (!Language::getInstance()->setCurrent(language) || !lock.walk(language))
             return false;
     }
     QTextStream(stdout) << m_operator.pictures() << " pictures in " << m_directory << Qt::endl;

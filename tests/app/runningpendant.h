@@ -7,9 +7,27 @@
 #include "app/pendant.h"
 #include "veltrixwidgetfoundation.h"
 
+#include "useraccounts.h"
+#include "veltrixdatabase.h"
+
 #include <QTemporaryDir>
 
 struct RunningPendant {
+    /// An administrator, stored by an earlier run: call it before start(), which begins locked
+    /// then.
+    bool addUser(const QString &name, const QString &password)
+    {
+        UserAccounts *accounts = UserAccounts::getInstance();
+        accounts->setHashCost(1, 8192);
+        if (!VeltrixDatabase::getInstance()->open(data.path()))
+            return false;
+        accounts->start(true);
+        QString error;
+        const bool good = accounts->add(name, AUTHORITY_ADMINISTRATOR, password, &error);
+        VeltrixDatabase::getInstance()->close();
+        return good;
+    }
+
     /// Starts in Chinese with its embedded controller, shows the window and waits for the link.
     bool start()
     {
