@@ -14,7 +14,7 @@ find_package(PkgConfig REQUIRED)
 pkg_check_modules(JSONCPP REQUIRED IMPORTED_TARGET jsoncpp)
 pkg_check_modules(SODIUM REQUIRED IMPORTED_TARGET libsodium)
 find_package(spdlog REQUIRED)
-find_package(ZLIB REQUIRED)
+pkg_check_modules(LIBDEFLATE REQUIRED IMPORTED_TARGET libdeflate)
 
 # QRegExp lives in Core with Qt 5 and in Core5Compat with Qt 6.
 add_library(technology_qt_core INTERFACE)

@@ -9,7 +9,7 @@ jobs=$(getconf _NPROCESSORS_ONLN 2>/dev/null || echo 2)
 declare -A packages=(
     [build]="g++ cmake ninja-build pkg-config
         qt6-base-dev qt6-tools-dev qt6-l10n-tools qt6-5compat-dev libqt6sql6-sqlite
-        libjsoncpp-dev libspdlog-dev libsodium-dev zlib1g-dev
+        libjsoncpp-dev libspdlog-dev libsodium-dev libdeflate-dev
         liborocos-kdl-dev libeigen3-dev
         fonts-wqy-microhei"
     [qt5]="qtbase5-dev qttools5-dev qttools5-dev-tools libqt5sql5-sqlite"

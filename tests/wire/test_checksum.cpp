@@ -44,6 +44,7 @@ private slots:
     {
         QCOMPARE(checksum(0, {}), 0u);
         QCOMPARE(checksum(0, "123456789"), 0xcbf43926u); // the check value of CRC-32
+        QCOMPARE(wire::crc32(0xcbf43926u, nullptr, 0), 0xcbf43926u); // nothing follows
     }
 
     void everyLength()
