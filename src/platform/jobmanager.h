@@ -1,6 +1,7 @@
 #pragma once
 
-#include "jobstore.h"
+#include <QString>
+#include <QStringList>
 
 /// The job list of a robot, as it was when it was last reread.
 class JobManager {
@@ -10,14 +11,15 @@ public:
     /// in the list as well.
     void updateJobsFileInfo(int robot, bool newestFirst, const QString &beginning,
                             const QString &part);
-    const QVector<JobStore::File> &jobs() const { return m_jobs; }
+    /// The names of the jobs, in the order of the list.
+    const QStringList &names() const { return m_names; }
 
     /// Whether the list holds that name.
-    bool jobExists(const QString &name) const;
+    bool jobExists(const QString &name) const { return m_names.contains(name); }
 
     /// Whether the text may be the name of a job's file.
-    static bool isValidFileName(const QString &name) { return JobStore::isValidName(name); }
+    static bool isValidFileName(const QString &name);
 
 private:
-    QVector<JobStore::File> m_jobs;
+    QStringList m_names;
 };

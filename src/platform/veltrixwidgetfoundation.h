@@ -1,7 +1,5 @@
 #pragma once
 
-#include "titlebar.h"
-
 #include <QPointer>
 #include <QVector>
 #include <QWidget>
@@ -12,6 +10,7 @@ class JobPage;
 class KeyColumn;
 class LoginPage;
 class StatusBar;
+class TitleBar;
 class UserPage;
 
 /// The main window, 800 x 600: title bar, content area of 714 x 504, key column, status bar. The
@@ -20,6 +19,9 @@ class UserPage;
 class VeltrixWidgetFoundation : public QWidget {
     Q_OBJECT
 public:
+    /// What the content area shows.
+    enum Area { Process, Jobs, Events, Users };
+    Q_ENUM(Area)
     /// App::mainPage_ while an area is shown; the process pages ask for theirs before they poll.
     enum MainPage { ProcessPages = 2, JournalPage = 8, UsersPage = 9, JobsPage = 10 };
 
@@ -39,12 +41,12 @@ public:
     EventPage *eventPage() const { return m_events; }
     JobPage *jobPage() const { return m_jobs; }
     IdleLock *idleLock() const { return m_idleLock; }
-    TitleBar::Area area() const { return m_area; }
+    Area area() const { return m_area; }
 
 public slots:
     /// Shows the title of a page: group 8 process pages, group 1 hosted pages; `third` is always 0.
     void showWidgetTitle(int group, int title, int third);
-    void showArea(TitleBar::Area area);
+    void showArea(Area area);
     /// Shows the job list of the robot that is worked with. The kind of window that the asking page
     /// names makes no difference: there is one list.
     void showJobs(int windType);
@@ -78,7 +80,7 @@ private:
     QVector<QPointer<QWidget>> m_contents;
     QVector<QPointer<QWidget>>
         m_shownContents; ///< what to show again on return to the process pages
-    TitleBar::Area m_area = TitleBar::Process;
+    Area m_area = Process;
     int m_titleGroup = 8;
     int m_titleId = 0;
     int m_lastRole; ///< of the user who was logged in last

@@ -16,10 +16,12 @@
 
 TechnologyWidget *TechnologyWidget::instance = nullptr;
 
-/// The pictures are linked in statically; naming them here keeps them in every program.
-static void loadPictures()
+/// Pictures and English texts are linked in statically; naming them here keeps them in every
+/// program.
+static void loadResources()
 {
     Q_INIT_RESOURCE(resources);
+    Q_INIT_RESOURCE(technology_english);
 }
 
 namespace {
@@ -47,7 +49,7 @@ TechnologyWidget::TechnologyWidget(QWidget *parent)
     : QStackedWidget(parent), ui(new Ui_TechnologyWidget), robot(Robot::getInstance()),
       commandInsert(CommandInsert::getInstance())
 {
-    loadPictures();
+    loadResources();
     ui->setupUi(this);
 
     initTechButtons();

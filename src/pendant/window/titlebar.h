@@ -1,5 +1,7 @@
 #pragma once
 
+#include "veltrixwidgetfoundation.h"
+
 #include <QWidget>
 
 class QLabel;
@@ -9,8 +11,8 @@ class QPushButton;
 class TitleBar : public QWidget {
     Q_OBJECT
 public:
-    enum Area { Process, Jobs, Events, Users };
-    static constexpr int kAreas = Users + 1;
+    using Area = VeltrixWidgetFoundation::Area;
+    static constexpr int kAreas = VeltrixWidgetFoundation::Users + 1;
     static constexpr int kHeight = 48;
 
     explicit TitleBar(QWidget *parent = nullptr);
@@ -20,7 +22,7 @@ public:
     void setArea(Area area);
 
 signals:
-    void areaClicked(TitleBar::Area area);
+    void areaClicked(VeltrixWidgetFoundation::Area area);
     void lockClicked();
 
 protected:

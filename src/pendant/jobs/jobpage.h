@@ -1,6 +1,6 @@
 #pragma once
 
-#include "jobmanager.h"
+#include "jobstore.h"
 
 #include <QWidget>
 
@@ -57,7 +57,6 @@ private:
     void ask(const QString &what, void (JobPage::*act)(const QString &), const QString &name);
     void dropNow(const QString &name);
 
-    JobManager m_manager;
     QVector<Row> m_rows;
     int m_robot = 1; ///< whose list it is
     bool m_newestFirst = false;

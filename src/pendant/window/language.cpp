@@ -3,8 +3,10 @@
 #include "veltrixdatabase.h"
 
 #include <QCoreApplication>
+#include <QDir>
 #include <QEvent>
 #include <QTranslator>
+#include <utility>
 
 namespace {
 
@@ -17,11 +19,10 @@ const QString kEnglish = QStringLiteral("en");
 /// The English texts are linked in statically; naming them here keeps them in every program.
 static void loadTranslations()
 {
-    Q_INIT_RESOURCE(translations);
+    Q_INIT_RESOURCE(pendant_english);
 }
 
-Language::Language(QObject *parent)
-    : QObject(parent), m_shipped(new QTranslator(this)), m_english(m_shipped)
+Language::Language(QObject *parent) : QObject(parent)
 {
     loadTranslations();
 }
@@ -47,7 +48,27 @@ void Language::loadStored()
 
 void Language::setEnglish(QTranslator *translator)
 {
-    m_english = translator ? translator : m_shipped;
+    m_other = translator;
+}
+
+/// Those that have the English texts; none when a file cannot be read.
+QVector<QTranslator *> Language::english()
+{
+    if (m_other)
+        return {m_other};
+    if (m_shipped.isEmpty()) {
+        const QDir folder(QStringLiteral(":/i18n"));
+        const QStringList files = folder.entryList({QStringLiteral("*_en.qm")});
+        for (const QString &file : files) {
+            auto *translator = new QTranslator(this);
+            m_shipped.append(translator);
+            if (!translator->load(folder.filePath(file))) {
+                qDeleteAll(std::exchange(m_shipped, {}));
+                break;
+            }
+        }
+    }
+    return m_shipped;
 }
 
 bool Language::apply(const QString &language)
@@ -56,16 +77,18 @@ bool Language::apply(const QString &language)
         return true;
     if (language != kChinese && language != kEnglish)
         return false;
-    if (language == kEnglish && m_english == m_shipped
-        && !m_shipped->load(QStringLiteral(":/i18n/pendant_en.qm")))
+    const QVector<QTranslator *> translators = english();
+    if (translators.isEmpty())
         return false;
 
     emit aboutToChange();
     m_current = language;
-    if (language == kEnglish)
-        QCoreApplication::installTranslator(m_english);
-    else
-        QCoreApplication::removeTranslator(m_english);
+    for (QTranslator *translator : translators) {
+        if (language == kEnglish)
+            QCoreApplication::installTranslator(translator);
+        else
+            QCoreApplication::removeTranslator(translator);
+    }
     // The widgets are told by posted events; a listener of changed() may rely on the new texts.
     QCoreApplication::sendPostedEvents(nullptr, QEvent::LanguageChange);
     emit changed(language);

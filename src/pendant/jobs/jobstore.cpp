@@ -25,6 +25,14 @@ bool isRobot(int robot)
     return robot >= 1 && robot <= MoreRobot::kRobots;
 }
 
+/// What has no file yet is the newest.
+bool isNewer(const JobStore::File &one, const JobStore::File &other)
+{
+    if (!one.changed.isValid() || !other.changed.isValid())
+        return !one.changed.isValid() && other.changed.isValid();
+    return one.changed > other.changed;
+}
+
 } // namespace
 
 JobStore::JobStore(QObject *parent)
@@ -86,6 +94,25 @@ JobStore::File JobStore::file(int robot, const QString &name) const
         return {};
     const JobDirectory::Entry entry = directoryFor(robot).entry(fileNameOf(name));
     return {name, entry.changed, entry.bytes, entry.kind};
+}
+
+QVector<JobStore::File> JobStore::list(int robot, Order order) const
+{
+    QVector<File> jobs = files(robot);
+    for (const Unsaved &job : m_unsaved) {
+        if (job.robot != robot)
+            continue;
+        const auto found = std::find_if(
+            jobs.begin(), jobs.end(), [&](const File &file) { return file.name == job.name; });
+        if (found != jobs.end() && found->kind != JobDirectory::File)
+            found->changed = {}; // what is in its way is not its file
+        if (found == jobs.end())
+            jobs.append({job.name, QDateTime(), job.text.size(), JobDirectory::File});
+    }
+    std::stable_sort(jobs.begin(), jobs.end(), [order](const File &one, const File &other) {
+        return order == Order::NewestFirst ? isNewer(one, other) : one.name < other.name;
+    });
+    return jobs;
 }
 
 QString JobStore::save(int robot, const QString &name, const QByteArray &text)

@@ -2,11 +2,13 @@
 
 #include <QObject>
 #include <QString>
+#include <QVector>
 
 class QTranslator;
 
-/// The language of the screen. Chinese is the language of the source texts; English comes as a
-/// translation file. A change reaches every widget as a LanguageChange event.
+/// The language of the screen. Chinese is the language of the source texts; English comes in the
+/// translation files that are linked in as ":/i18n/<library>_en.qm". A change reaches every widget
+/// as a LanguageChange event.
 class Language : public QObject {
     Q_OBJECT
 public:
@@ -22,8 +24,8 @@ public:
     /// Takes up the language of the last run.
     void loadStored();
 
-    /// Takes the English texts from `translator` instead of the file that ships; null goes back to
-    /// the file. Not owned. To be called while Chinese is shown.
+    /// Takes the English texts from `translator` instead of the files that ship; null goes back to
+    /// the files. Not owned. To be called while Chinese is shown.
     void setEnglish(QTranslator *translator);
 
 signals:
@@ -35,8 +37,9 @@ signals:
 private:
     explicit Language(QObject *parent = nullptr);
     bool apply(const QString &language);
+    QVector<QTranslator *> english();
 
     QString m_current = QStringLiteral("zh");
-    QTranslator *m_shipped;
-    QTranslator *m_english;
+    QVector<QTranslator *> m_shipped; ///< one for each file; empty until English was first chosen
+    QTranslator *m_other = nullptr; ///< in place of those
 };

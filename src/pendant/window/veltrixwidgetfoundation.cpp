@@ -14,6 +14,7 @@
 #include "snackbarmessage.h"
 #include "statusbar.h"
 #include "storerepair.h"
+#include "titlebar.h"
 #include "useraccounts.h"
 #include "userpage.h"
 
@@ -28,16 +29,16 @@ static_assert(DisplaySize::contentWidth + KeyColumn::kWidth == DisplaySize::widt
 static_assert(TitleBar::kHeight + DisplaySize::contentHeight + StatusBar::kHeight
               == DisplaySize::height);
 
-VeltrixWidgetFoundation::MainPage mainPageOf(TitleBar::Area area)
+VeltrixWidgetFoundation::MainPage mainPageOf(VeltrixWidgetFoundation::Area area)
 {
     switch (area) {
-    case TitleBar::Jobs:
+    case VeltrixWidgetFoundation::Jobs:
         return VeltrixWidgetFoundation::JobsPage;
-    case TitleBar::Events:
+    case VeltrixWidgetFoundation::Events:
         return VeltrixWidgetFoundation::JournalPage;
-    case TitleBar::Users:
+    case VeltrixWidgetFoundation::Users:
         return VeltrixWidgetFoundation::UsersPage;
-    case TitleBar::Process:
+    case VeltrixWidgetFoundation::Process:
         break;
     }
     return VeltrixWidgetFoundation::ProcessPages;
@@ -69,7 +70,7 @@ VeltrixWidgetFoundation::VeltrixWidgetFoundation(QWidget *parent)
     connect(m_titleBar, &TitleBar::areaClicked, this, &VeltrixWidgetFoundation::showArea);
     connect(m_titleBar, &TitleBar::lockClicked, this, &VeltrixWidgetFoundation::lock);
     connect(this, &VeltrixWidgetFoundation::signal_clickUserBtn, this,
-            [this] { showArea(TitleBar::Users); });
+            [this] { showArea(Users); });
     connect(m_keys, &KeyColumn::aboutToChangeRobot, this,
             &VeltrixWidgetFoundation::aboutToChangeRobot);
     connect(m_keys, &KeyColumn::deadmanHeld, m_idleLock, &IdleLock::setHeld);
@@ -107,7 +108,7 @@ void VeltrixWidgetFoundation::addContent(QWidget *widget)
     // Lock screen, questions and messages stay above it, also those of a window not shown yet.
     widget->stackUnder(m_titleBar);
     m_contents.append(widget);
-    if (m_area == TitleBar::Process)
+    if (m_area == Process)
         widget->setVisible(!hidden);
     else if (!hidden)
         m_shownContents.append(widget);
@@ -115,7 +116,7 @@ void VeltrixWidgetFoundation::addContent(QWidget *widget)
 
 void VeltrixWidgetFoundation::showContent(QWidget *widget)
 {
-    if (m_area != TitleBar::Process) {
+    if (m_area != Process) {
         m_shownContents = {widget};
         return;
     }
@@ -149,16 +150,16 @@ void VeltrixWidgetFoundation::leaveProcessPages()
     }
 }
 
-void VeltrixWidgetFoundation::showArea(TitleBar::Area area)
+void VeltrixWidgetFoundation::showArea(Area area)
 {
     if (area != m_area) {
-        if (m_area == TitleBar::Process)
+        if (m_area == Process)
             leaveProcessPages();
         m_area = area;
-        m_jobs->setVisible(area == TitleBar::Jobs);
-        m_events->setVisible(area == TitleBar::Events);
-        m_users->setVisible(area == TitleBar::Users);
-        if (area == TitleBar::Process) {
+        m_jobs->setVisible(area == Jobs);
+        m_events->setVisible(area == Events);
+        m_users->setVisible(area == Users);
+        if (area == Process) {
             for (const QPointer<QWidget> &content : m_shownContents) {
                 if (content)
                     content->show();
@@ -173,23 +174,23 @@ void VeltrixWidgetFoundation::showArea(TitleBar::Area area)
 void VeltrixWidgetFoundation::showJobs(int)
 {
     m_jobs->showList();
-    showArea(TitleBar::Jobs);
+    showArea(Jobs);
 }
 
 void VeltrixWidgetFoundation::refreshTitle()
 {
     setWindowTitle(tr("工艺示教器"));
     switch (m_area) {
-    case TitleBar::Process:
+    case Process:
         m_titleBar->setTitle(pageTitle(m_titleGroup, m_titleId));
         break;
-    case TitleBar::Jobs:
+    case Jobs:
         m_titleBar->setTitle(tr("作业"));
         break;
-    case TitleBar::Events:
+    case Events:
         m_titleBar->setTitle(tr("事件记录"));
         break;
-    case TitleBar::Users:
+    case Users:
         m_titleBar->setTitle(tr("用户与设置"));
         break;
     }
@@ -209,7 +210,7 @@ void VeltrixWidgetFoundation::userChanged()
     if (App::sysUser < m_lastRole) {
         // What one user was asked is not for another with fewer rights to confirm.
         PromptWidget::getInstance()->withdraw();
-        showArea(TitleBar::Process);
+        showArea(Process);
         emit aboutToLowerRole();
     }
     m_lastRole = App::sysUser;

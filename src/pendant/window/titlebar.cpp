@@ -10,6 +10,8 @@
 
 namespace {
 
+using Window = VeltrixWidgetFoundation;
+
 constexpr int kLargestTitle = 16; // points
 constexpr int kSmallestTitle = 10;
 constexpr int kNarrowestButton = 60; // pixels
@@ -38,7 +40,7 @@ TitleBar::TitleBar(QWidget *parent)
     row->setSpacing(4);
     row->addWidget(m_title, 1);
     row->addWidget(m_stale);
-    for (int area = Process; area <= Users; ++area) {
+    for (int area = Window::Process; area <= Window::Users; ++area) {
         m_areas[area] = new QPushButton(this);
         m_areas[area]->setObjectName(QString::fromLatin1(kAreaNames[area]));
         m_areas[area]->setCheckable(true);
@@ -56,7 +58,7 @@ TitleBar::TitleBar(QWidget *parent)
     connect(Robot::getInstance(), &Robot::linkChanged, this, &TitleBar::refreshStale);
     retranslate();
     refreshStale();
-    setArea(Process);
+    setArea(Window::Process);
 }
 
 void TitleBar::setTitle(const QString &title)
@@ -72,7 +74,7 @@ QString TitleBar::title() const
 
 void TitleBar::setArea(Area area)
 {
-    for (int each = Process; each <= Users; ++each)
+    for (int each = Window::Process; each <= Window::Users; ++each)
         m_areas[each]->setChecked(each == area);
 }
 
@@ -115,10 +117,10 @@ void TitleBar::refreshStale()
 void TitleBar::retranslate()
 {
     m_stale->setText(tr("链路中断\n显示的是旧值"));
-    m_areas[Process]->setText(tr("工艺"));
-    m_areas[Jobs]->setText(tr("作业"));
-    m_areas[Events]->setText(tr("事件"));
-    m_areas[Users]->setText(tr("用户"));
+    m_areas[Window::Process]->setText(tr("工艺"));
+    m_areas[Window::Jobs]->setText(tr("作业"));
+    m_areas[Window::Events]->setText(tr("事件"));
+    m_areas[Window::Users]->setText(tr("用户"));
     m_lock->setText(tr("锁定"));
     fitButtons();
 }

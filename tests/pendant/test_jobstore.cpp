@@ -6,6 +6,7 @@
 #include "jobedit.h"
 #include "jobfile.h"
 #include "jobmanager.h"
+#include "jobstore.h"
 #include "movecommand.h"
 #include "snackbarmessage.h"
 #include "timercommand.h"
@@ -23,14 +24,6 @@ namespace {
 JobStore *store()
 {
     return JobStore::getInstance();
-}
-
-QStringList names(const JobManager &manager)
-{
-    QStringList list;
-    for (const JobStore::File &job : manager.jobs())
-        list += job.name;
-    return list;
 }
 
 } // namespace
@@ -169,20 +162,20 @@ private slots:
         JobManager manager;
         QVERIFY(!manager.jobExists("line1")); // not read yet
         manager.updateJobsFileInfo(1, false, "", "");
-        QCOMPARE(names(manager), (QStringList{"LINE", "line1", "line2", "other"}));
+        QCOMPARE(manager.names(), (QStringList{"LINE", "line1", "line2", "other"}));
         QVERIFY(manager.jobExists("line1"));
         for (const char *name : {"", "line", "Line1", "line1 ", "line1.JBR", "notes", "lower"})
             QVERIFY2(!manager.jobExists(name), name);
         manager.updateJobsFileInfo(1, false, "li", "2");
-        QCOMPARE(names(manager), QStringList{"line2"});
+        QCOMPARE(manager.names(), QStringList{"line2"});
         manager.updateJobsFileInfo(2, false, "", "");
-        QVERIFY(names(manager).isEmpty());
+        QVERIFY(manager.names().isEmpty());
         QFile newest(store()->pathOf(1, "other"));
         QVERIFY(newest.open(QIODevice::ReadWrite));
         QVERIFY(newest.setFileTime(QDateTime::currentDateTime().addDays(1),
                                    QFileDevice::FileModificationTime));
         manager.updateJobsFileInfo(1, true, "", "");
-        QCOMPARE(names(manager).first(), QStringLiteral("other"));
+        QCOMPARE(manager.names().first(), QStringLiteral("other"));
     }
 
     void failureKeepsTheOldFile()

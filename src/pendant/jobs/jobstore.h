@@ -56,6 +56,10 @@ public:
     /// One of them; its time is invalid when there is none.
     File file(int robot, const QString &name) const;
 
+    enum class Order { ByName, NewestFirst };
+    /// The files and the jobs that are in memory only; those have no time and count as the newest.
+    QVector<File> list(int robot, Order order) const;
+
     /// Writes the file so that a crash leaves the old one or the new one, and hands the job to the
     /// controller. Empty when it stands; else why not, and the job is kept among the unsaved.
     QString save(int robot, const QString &name, const QByteArray &text);

@@ -195,7 +195,7 @@ private slots:
     void theAreaOfItsOwn()
     {
         openArea();
-        QCOMPARE(window->area(), TitleBar::Jobs);
+        QCOMPARE(window->area(), VeltrixWidgetFoundation::Jobs);
         QCOMPARE(App::mainPage_, int(VeltrixWidgetFoundation::JobsPage));
         QCOMPARE(find<QLabel>("pageTitle")->text(), QStringLiteral("作业"));
         QCOMPARE(window->jobPage()->geometry(), QRect(0, 48, 714, 504));
@@ -220,7 +220,7 @@ private slots:
     {
         write(QStringLiteral("A"), sampleText());
         window->showJobs(4);
-        QCOMPARE(window->area(), TitleBar::Jobs);
+        QCOMPARE(window->area(), VeltrixWidgetFoundation::Jobs);
         open(QStringLiteral("A"));
         click("areaProcess");
         window->showJobs(0);

@@ -120,7 +120,7 @@ private slots:
         support::click(window.get(), "languageButton");
         QCOMPARE(pageClicks, 1);
         QCOMPARE(pageField->text(), QString());
-        QCOMPARE(window->area(), TitleBar::Process);
+        QCOMPARE(window->area(), VeltrixWidgetFoundation::Process);
         QCOMPARE(MoreRobot::getCurrentRobot(), 1);
 
         logInAs(kBoss);
@@ -321,7 +321,7 @@ private slots:
         accounts()->lock();
         QCOMPARE(support::child<QComboBox>(lockScreen(), "logInUser")->currentText(), kBoss);
         logInAs(kBoss);
-        QCOMPARE(window->area(), TitleBar::Users);
+        QCOMPARE(window->area(), VeltrixWidgetFoundation::Users);
         QCOMPARE(static_cast<int>(lowered.count()), 0);
         QCOMPARE(App::sysUser, AUTHORITY_ADMINISTRATOR);
     }
@@ -333,7 +333,7 @@ private slots:
         accounts()->lock();
         logInAs(kOperator);
         QCOMPARE(App::sysUser, AUTHORITY_OPERATOR);
-        QCOMPARE(window->area(), TitleBar::Process);
+        QCOMPARE(window->area(), VeltrixWidgetFoundation::Process);
         QCOMPARE(static_cast<int>(lowered.count()), 1);
         accounts()->lock();
         logInAs(kBoss);

@@ -132,9 +132,9 @@ void JobPage::refresh()
     const Row *before = selected();
     const QString name = before ? before->file.name : QString();
     m_robot = MoreRobot::getCurrentRobot();
-    m_manager.updateJobsFileInfo(m_robot, m_newestFirst, QString(), QString());
+    const auto order = m_newestFirst ? JobStore::Order::NewestFirst : JobStore::Order::ByName;
     m_rows.clear();
-    for (const JobStore::File &file : m_manager.jobs())
+    for (const JobStore::File &file : JobStore::getInstance()->list(m_robot, order))
         m_rows.append({file, false, {}});
     for (const JobStore::Unsaved &job : JobStore::getInstance()->unsaved()) {
         for (Row &row : m_rows) {
