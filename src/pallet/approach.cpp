@@ -1,11 +1,11 @@
 #include "link/reply.h"
 #include "link/request.h"
+#include "pallet/pallet_p.h"
 #include "printlog.h"
 #include "robot.h"
 #include "shell/buttonstyle.h"
 #include "shell/edittoggle.h"
 #include "shell/fields.h"
-#include "shell/technologywidget.h"
 #include "switchbutton.h"
 
 #include <QPixmap>
@@ -50,17 +50,17 @@ EditPage editPage(const Form *ui)
 
 } // namespace
 
-void TechnologyWidget::initApproach()
+void TechnologyWidget::Pallet::initApproach()
 {
     setReturnButtonSheet({ui->returnNavigationBtn5, ui->approachPageUp, ui->approachPageDown,
                           ui->approachModifyBtn, ui->approachModifyCancelBtn});
     showViewState(editPage(ui));
 
-    connect(robot, &Robot::robot_pallet_ApproachParameter, this,
+    connect(robot, &Robot::robot_pallet_ApproachParameter, &widget,
             &TechnologyWidget::updatePalletApproachParameter);
-    connect(ui->approachWaysComboBox, QOverload<int>::of(&QComboBox::currentIndexChanged), this,
+    connect(ui->approachWaysComboBox, QOverload<int>::of(&QComboBox::currentIndexChanged), &widget,
             &TechnologyWidget::approachWays);
-    connectClicks({
+    widget.connectClicks({
         {ui->approachParaBtn, &TechnologyWidget::palletApproachParaWidget},
         {ui->approachOnOffBtn, &TechnologyWidget::changeApproachOnOffBtnState},
         {ui->approachModifyBtn, &TechnologyWidget::modifyApproach},

@@ -1,10 +1,11 @@
 #include "link/reply.h"
 #include "link/request.h"
+#include "pallet/pallet_p.h"
 #include "printlog.h"
 #include "robot.h"
 #include "shell/buttonstyle.h"
+#include "shell/edittoggle.h"
 #include "shell/fields.h"
-#include "shell/technologywidget.h"
 
 #include <algorithm>
 
@@ -15,14 +16,14 @@ using Form = Ui_TechnologyWidget;
 constexpr int kValues = 6; ///< of a tool frame
 
 /// One gripper: the tool number that it is, and the frame of that tool.
-struct Gripper {
+struct GripperRow {
     QGroupBox *Form::*group;
     QComboBox *Form::*tool;
     QLabel *Form::*frame[kValues];
 };
 
 /// The grippers of the complete chain.
-const Gripper kGrippers[] = {
+const GripperRow kGrippers[] = {
     {&Form::Tong1,
      &Form::Tongtoolnumber1,
      {&Form::tool1x, &Form::tool1y, &Form::tool1z, &Form::tool1A, &Form::tool1B, &Form::tool1C}},
@@ -38,7 +39,7 @@ const Gripper kGrippers[] = {
 };
 
 /// Those of easy mode, which show the same tools.
-const Gripper kEasyGrippers[] = {
+const GripperRow kEasyGrippers[] = {
     {&Form::Tong1_2,
      &Form::Tongtoolnumber1_2,
      {&Form::tool1x_2, &Form::tool1y_2, &Form::tool1z_2, &Form::tool1A_2, &Form::tool1B_2,
@@ -88,37 +89,47 @@ EditPage editPage(const Form *ui)
                   {ui->TongsnumbercomboBox},
                   ui->tongsModifyCancelBtn,
                   {ui->returnNavigationBtn1, ui->tongsPageDown}};
-    for (const Gripper &gripper : kGrippers)
+    for (const GripperRow &gripper : kGrippers)
         page.fields.append(ui->*gripper.tool);
     return page;
 }
 
 } // namespace
 
-void TechnologyWidget::initGripper()
+struct TechnologyWidget::Pallet::Gripper : Page {
+    using Page::Page;
+
+    void forgetRobot() override;
+
+    void showToolFrames();
+};
+
+void TechnologyWidget::Pallet::initGripper()
 {
+    gripper = addPackage<Gripper>(pages, *this);
     setReturnButtonSheet({ui->returnNavigationBtn1, ui->tongsModifyBtn, ui->tongsModifyCancelBtn,
                           ui->tongsPageDown, ui->tongsPalletEasyReturnBtn,
                           ui->tongsPalletEasyModifyBtn, ui->tongsPalletEasyModifyCancelBtn,
                           ui->tongsPalletEasyPageDown});
     showViewState(editPage(ui));
 
-    connect(robot, &Robot::robot_pallet_ToolParameter, this,
+    connect(robot, &Robot::robot_pallet_ToolParameter, &widget,
             &TechnologyWidget::updatePalletToolParameter);
-    connect(robot, &Robot::robot_tool_count_check, this, &TechnologyWidget::keep_count_data_pallet);
+    connect(robot, &Robot::robot_tool_count_check, &widget,
+            &TechnologyWidget::keep_count_data_pallet);
     QVector<QComboBox *> boxes = {ui->TongsnumbercomboBox};
-    for (const Gripper &gripper : kGrippers)
-        boxes.append(ui->*gripper.tool);
+    for (const GripperRow &row : kGrippers)
+        boxes.append(ui->*row.tool);
     for (QComboBox *box : boxes)
-        connect(box, QOverload<int>::of(&QComboBox::currentIndexChanged), this,
+        connect(box, QOverload<int>::of(&QComboBox::currentIndexChanged), &widget,
                 &TechnologyWidget::palletSetTongsWidget2);
     for (QPushButton *button :
          {ui->palletNavigationStart, ui->setTongsBtn, ui->trayPageUp, ui->tongsModifyCancelBtn})
-        connect(button, &QPushButton::clicked, this, &TechnologyWidget::palletSetTongsWidget);
-    connect(ui->tongsModifyBtn, &QPushButton::clicked, this, &TechnologyWidget::modifyTongs);
-    connect(ui->returnNavigationBtn1, &QPushButton::clicked, this,
+        connect(button, &QPushButton::clicked, &widget, &TechnologyWidget::palletSetTongsWidget);
+    connect(ui->tongsModifyBtn, &QPushButton::clicked, &widget, &TechnologyWidget::modifyTongs);
+    connect(ui->returnNavigationBtn1, &QPushButton::clicked, &widget,
             &TechnologyWidget::showPalletCompleteWidget);
-    connect(ui->tongsPalletEasyReturnBtn, &QPushButton::clicked, this,
+    connect(ui->tongsPalletEasyReturnBtn, &QPushButton::clicked, &widget,
             &TechnologyWidget::showPalletEasyWidget);
 }
 
@@ -135,9 +146,9 @@ void TechnologyWidget::palletSetTongsWidget2()
 {
     showTitleAndPage(page::PalletGripper);
     int number = 0;
-    for (const Gripper &gripper : kGrippers)
+    for (const GripperRow &gripper : kGrippers)
         (ui->*gripper.group)->setVisible(++number <= gripperCount(ui));
-    for (const Gripper &gripper : kGrippers) {
+    for (const GripperRow &gripper : kGrippers) {
         Json::Value body;
         body["toolNum"] = (ui->*gripper.tool)->currentIndex() + 1;
         request::send(message::GetToolData, body);
@@ -169,19 +180,24 @@ void TechnologyWidget::updatePalletToolParameter(const QByteArray &body)
 /// that is this tool shows it.
 void TechnologyWidget::keep_count_data_pallet(int tool, QByteArray frame, QByteArray)
 {
-    if (tool < 1 || tool > static_cast<int>(toolFrameTexts.size()))
+    if (tool < 1 || tool > static_cast<int>(palletPages->toolFrameTexts.size()))
         return;
-    toolFrameTexts[tool - 1] = partsOf<kValues>(frame);
+    palletPages->toolFrameTexts[tool - 1] = partsOf<kValues>(frame);
+    palletPages->gripper->showToolFrames();
+}
+
+void TechnologyWidget::Pallet::Gripper::forgetRobot()
+{
+    pallet.toolFrameTexts = {};
     showToolFrames();
 }
 
-void TechnologyWidget::showToolFrames()
+void TechnologyWidget::Pallet::Gripper::showToolFrames()
 {
-    const auto show = [this](const Gripper &gripper) {
+    const auto show = [this](const GripperRow &gripper) {
         const int row = (ui->*gripper.tool)->currentIndex();
-        for (int i = 0; i < kValues; ++i)
-            (ui->*gripper.frame[i])
-                ->setText(row < 0 ? QString() : toolFrameTexts[row][static_cast<std::size_t>(i)]);
+        for (std::size_t i = 0; i < kValues; ++i)
+            (ui->*gripper.frame[i])->setText(row < 0 ? QString() : pallet.toolFrameTexts[row][i]);
     };
     std::for_each(std::begin(kGrippers), std::end(kGrippers), show);
     std::for_each(std::begin(kEasyGrippers), std::end(kEasyGrippers), show);

@@ -1,11 +1,11 @@
 #include "app.h"
 #include "link/reply.h"
 #include "link/request.h"
+#include "pallet/pallet_p.h"
 #include "robot.h"
 #include "shell/buttonstyle.h"
 #include "shell/question.h"
 #include "shell/technologyform.h"
-#include "shell/technologywidget.h"
 #include "snackbarmessage.h"
 
 #include <QSignalBlocker>
@@ -16,7 +16,7 @@ namespace {
 using Form = Ui_TechnologyWidget;
 
 /// The modes of a craft, as the controller numbers them.
-enum Mode { Easy = 0, Complete = 1, NotSet = 2 };
+enum CraftMode { Easy = 0, Complete = 1, NotSet = 2 };
 
 /// What the type page says of a mode, and where its two buttons stand then: that of the mode in
 /// force is the large one. In pixels of the page.
@@ -80,8 +80,27 @@ Json::Value setMode(const Form *ui, int mode)
 
 } // namespace
 
-void TechnologyWidget::initPalletMode()
+/// The mode of the craft, and its number on the pages.
+struct TechnologyWidget::Pallet::Mode : Page {
+    using Page::Page;
+
+    void retranslate() override;
+
+    void show(int mode);
+    void enter(int mode);
+    void confirm(int mode);
+    void refuse(int mode);
+    void open(int mode);
+    QString numberText() const;
+    void showNumbers();
+
+    int shown = Complete; ///< as palletstate reads
+    QVector<QLabel *> numberLabels; ///< the process number on the complete chain's pages
+};
+
+void TechnologyWidget::Pallet::initMode()
 {
+    mode = addPackage<Mode>(pages, *this);
     setReturnButtonSheet({ui->palletTypeReturn, ui->palletNavigationReturn,
                           ui->palletNavigationStart, ui->PalletEasyNavigationReturn});
 
@@ -89,27 +108,30 @@ void TechnologyWidget::initPalletMode()
     for (int i = 1; i <= 10; ++i) {
         const QString name = i == 1 ? QStringLiteral("technologyNumber")
                                     : QStringLiteral("technologyNumber_%1").arg(i);
-        if (auto *label = findChild<QLabel *>(name))
-            technologyNumberLabels.append(label);
+        if (auto *label = widget.findChild<QLabel *>(name))
+            mode->numberLabels.append(label);
     }
-    retranslatePalletPages();
+    mode->retranslate();
 
-    connect(robot, &Robot::robot_switchpalletmode, this, &TechnologyWidget::updateSwitchPalletMode);
+    connect(robot, &Robot::robot_switchpalletmode, &widget,
+            &TechnologyWidget::updateSwitchPalletMode);
     PromptWidget *prompt = PromptWidget::getInstance();
-    connect(prompt, &PromptWidget::completeMode, this, &TechnologyWidget::SureCompletePalletMode);
-    connect(prompt, &PromptWidget::CancelCompleteMode, this,
+    connect(prompt, &PromptWidget::completeMode, &widget,
+            &TechnologyWidget::SureCompletePalletMode);
+    connect(prompt, &PromptWidget::CancelCompleteMode, &widget,
             &TechnologyWidget::CancelCompletePalletMode);
-    connect(prompt, &PromptWidget::easyMode, this, &TechnologyWidget::SureEasyPalletMode);
-    connect(prompt, &PromptWidget::CancelEasyMode, this, &TechnologyWidget::CancelEasyPalletMode);
+    connect(prompt, &PromptWidget::easyMode, &widget, &TechnologyWidget::SureEasyPalletMode);
+    connect(prompt, &PromptWidget::CancelEasyMode, &widget,
+            &TechnologyWidget::CancelEasyPalletMode);
 
     // in this order: the labels, the question to the controller, the rest
     for (const auto slot : {&TechnologyWidget::changePalletEasyTechnologyNum,
                             &TechnologyWidget::needchangePalletTechnologyNum,
                             &TechnologyWidget::changeTechnologyNumber})
-        connect(ui->m_pPalletCraftNum, QOverload<int>::of(&QComboBox::currentIndexChanged), this,
+        connect(ui->m_pPalletCraftNum, QOverload<int>::of(&QComboBox::currentIndexChanged), &widget,
                 slot);
 
-    connectClicks({
+    widget.connectClicks({
         {ui->BtnPalletType, &TechnologyWidget::showPalletTypeWidget},
         {ui->palletTypeReturn, &TechnologyWidget::return_PalletPage},
         {ui->BtnPalletComplete, &TechnologyWidget::showPalletCompleteWidget},
@@ -119,15 +141,11 @@ void TechnologyWidget::initPalletMode()
     });
 }
 
-/// The texts of the form that the pages have changed since: a new language resets them.
-void TechnologyWidget::retranslatePalletPages()
+void TechnologyWidget::Pallet::Mode::retranslate()
 {
-    ui->palletstate->setText(tr(kAppearance[palletMode].state));
-    showTechnologyNumbers();
-    changePalletEasyTechnologyNum();
-    // a reply writes these, in the language that it meets
-    ui->autoTransLenX->clear();
-    ui->autoTransLenY->clear();
+    ui->palletstate->setText(TechnologyWidget::tr(kAppearance[shown].state));
+    showNumbers();
+    widget.changePalletEasyTechnologyNum();
 }
 
 /// Opens the page of craft and mode.
@@ -146,27 +164,27 @@ void TechnologyWidget::needchangePalletTechnologyNum()
                  ui->m_pPalletCraftNum);
 }
 
-QString TechnologyWidget::technologyNumberText() const
+QString TechnologyWidget::Pallet::Mode::numberText() const
 {
-    return tr("工艺号:%1").arg(ui->m_pPalletCraftNum->currentText());
+    return TechnologyWidget::tr("工艺号:%1").arg(ui->m_pPalletCraftNum->currentText());
 }
 
 void TechnologyWidget::changePalletEasyTechnologyNum()
 {
     for (QLabel *label : {ui->technologyPalletEasyNumber, ui->technologyPalletEasyNumber_2,
                           ui->technologyPalletEasyNumber_3})
-        label->setText(technologyNumberText());
+        label->setText(palletPages->mode->numberText());
 }
 
-void TechnologyWidget::showTechnologyNumbers()
+void TechnologyWidget::Pallet::Mode::showNumbers()
 {
-    for (QLabel *label : technologyNumberLabels)
-        label->setText(technologyNumberText());
+    for (QLabel *label : numberLabels)
+        label->setText(numberText());
 }
 
 void TechnologyWidget::changeTechnologyNumber()
 {
-    showTechnologyNumbers();
+    palletPages->mode->showNumbers();
     // The location page follows without asking the controller: its own selector, once it is
     // connected, asks for the location data only when the operator turns it there.
     const QSignalBlocker quiet(ui->m_pLocATCraftNum);
@@ -181,91 +199,92 @@ void TechnologyWidget::updateSwitchPalletMode(const QByteArray &body)
     if (!reply || !reply::selectProcessNumber(ui->m_pPalletCraftNum, *reply))
         return;
     if (const auto mode = reply->integer("usePalletType"))
-        showPalletMode(*mode);
+        palletPages->mode->show(*mode);
 }
 
-void TechnologyWidget::showPalletMode(int mode)
+void TechnologyWidget::Pallet::Mode::show(int mode)
 {
     if (mode < 0 || mode >= kModes)
         return;
-    palletMode = mode;
+    shown = mode;
     const Appearance &appearance = kAppearance[mode];
-    ui->palletstate->setText(tr(appearance.state));
+    ui->palletstate->setText(TechnologyWidget::tr(appearance.state));
     ui->BtnPalletEasy->setGeometry(appearance.easy);
     ui->BtnPalletComplete->setGeometry(appearance.complete);
 }
 
 void TechnologyWidget::showPalletCompleteWidget()
 {
-    enterPalletMode(Complete);
+    palletPages->mode->enter(Complete);
 }
 
 void TechnologyWidget::showPalletEasyWidget()
 {
-    enterPalletMode(Easy);
+    palletPages->mode->enter(Easy);
 }
 
 /// A craft that is in the other mode is asked about first; one without a mode gets this one.
-void TechnologyWidget::enterPalletMode(int mode)
+void TechnologyWidget::Pallet::Mode::enter(int mode)
 {
     if (reads(ui, mode == Easy ? Complete : Easy)) {
-        ask(question(mode, ui), tr("工艺号%1").arg(ui->m_pPalletCraftNum->currentText()));
+        ask(question(mode, ui),
+            TechnologyWidget::tr("工艺号%1").arg(ui->m_pPalletCraftNum->currentText()));
     } else {
         if (reads(ui, NotSet))
             request::send(message::SetPalletMode, setMode(ui, mode));
-        openPalletMode(mode);
+        open(mode);
     }
     if (mode == Complete)
-        showTechnologyNumbers();
+        showNumbers();
     else
-        changePalletEasyTechnologyNum();
+        widget.changePalletEasyTechnologyNum();
 }
 
-void TechnologyWidget::openPalletMode(int mode)
+void TechnologyWidget::Pallet::Mode::open(int mode)
 {
     if (mode == Complete) {
-        showTitleAndPage(page::PalletNavigation);
-        initPalletRobotType();
+        widget.showTitleAndPage(page::PalletNavigation);
+        widget.initPalletRobotType();
     } else {
-        initPalletRobotType();
-        showTitleAndPage(page::PalletEasy);
+        widget.initPalletRobotType();
+        widget.showTitleAndPage(page::PalletEasy);
     }
 }
 
 void TechnologyWidget::SureCompletePalletMode()
 {
-    confirmPalletMode(Complete);
+    palletPages->mode->confirm(Complete);
 }
 
 void TechnologyWidget::SureEasyPalletMode()
 {
-    confirmPalletMode(Easy);
+    palletPages->mode->confirm(Easy);
 }
 
 /// The mode changes at once; whether the controller took it is seen when the type page asks again.
-void TechnologyWidget::confirmPalletMode(int mode)
+void TechnologyWidget::Pallet::Mode::confirm(int mode)
 {
     endQuestion(question(mode, ui));
     App::currentAction_ = 0;
-    SnackbarMessage::showMessage(tr(kSwitches[mode].done), 3000, 1, true);
+    SnackbarMessage::showMessage(TechnologyWidget::tr(kSwitches[mode].done), 3000, 1, true);
     const Json::Value body = setMode(ui, mode);
     request::send(message::SetPalletMode, body);
     request::ask(message::GetPalletMode, wire::reply::robot_switchpalletmode,
                  {ui->m_pPalletCraftNum}, body);
-    openPalletMode(mode);
+    open(mode);
 }
 
 void TechnologyWidget::CancelCompletePalletMode()
 {
-    refusePalletMode(Complete);
+    palletPages->mode->refuse(Complete);
 }
 
 void TechnologyWidget::CancelEasyPalletMode()
 {
-    refusePalletMode(Easy);
+    palletPages->mode->refuse(Easy);
 }
 
-void TechnologyWidget::refusePalletMode(int mode)
+void TechnologyWidget::Pallet::Mode::refuse(int mode)
 {
     endQuestion(question(mode, ui));
     App::currentAction_ = 0;

@@ -3,15 +3,14 @@
 
 #include "link/reply.h"
 #include "link/request.h"
+#include "pallet/pallet_p.h"
 #include "printlog.h"
 #include "robot.h"
 #include "shell/buttonstyle.h"
 #include "shell/edittoggle.h"
 #include "shell/fields.h"
-#include "shell/technologywidget.h"
 
 #include <algorithm>
-#include <utility>
 
 namespace {
 
@@ -108,22 +107,34 @@ EditPage editPage(const Form *ui)
 
 } // namespace
 
-void TechnologyWidget::initOverlapping()
+struct TechnologyWidget::Pallet::Layers : Page {
+    using Page::Page;
+
+    void takeWidgets();
+    void followFirst();
+    void lockRepeatMode();
+    void holdColumns();
+    bool accept() const;
+};
+
+void TechnologyWidget::Pallet::initLayers()
 {
+    layers = addPackage<Layers>(pages, *this);
     setReturnButtonSheet({ui->returnNavigationBtn6, ui->overlappingPageUp, ui->overlappingPageDown,
                           ui->overlappingModifyBtn, ui->overlappingModifyCancelBtn,
                           ui->overlappingExplainBtn});
     ui->overlapModeTab->setScrollBar(ui->overlapModeScroll);
-    overlapModeTab(ui->levelsnum->text().toInt());
-    repeatModel();
+    widget.overlapModeTab(ui->levelsnum->text().toInt());
+    widget.repeatModel();
     showViewState(editPage(ui));
 
-    connect(robot, &Robot::robot_pallet_OverlappingModel, this,
+    connect(robot, &Robot::robot_pallet_OverlappingModel, &widget,
             &TechnologyWidget::updatePalletOverlappingModel);
-    connect(ui->overlapModeTab, &QTableWidget::itemChanged, this, &TechnologyWidget::itemChanged);
-    connect(ui->repeatModeComboBox, QOverload<int>::of(&QComboBox::currentIndexChanged), this,
+    connect(ui->overlapModeTab, &QTableWidget::itemChanged, &widget,
+            &TechnologyWidget::itemChanged);
+    connect(ui->repeatModeComboBox, QOverload<int>::of(&QComboBox::currentIndexChanged), &widget,
             &TechnologyWidget::repeatModel);
-    connectClicks({
+    widget.connectClicks({
         {ui->overlappingModelBtn, &TechnologyWidget::palletOverlappingModelWidget},
         {ui->fixedPointHeightBtn, &TechnologyWidget::changeFixedPointHeightBtnState},
         {ui->verticalAlignmentBtn, &TechnologyWidget::changeVerticalAlignmentBtnState},
@@ -169,36 +180,37 @@ void TechnologyWidget::updatePalletOverlappingModel(const QByteArray &body)
         layers[layer].height = fields::shown(numberAt(heights, layer));
     }
     ui->overlapModeTab->rebuild(layers, LayerTable::Old::Deleted);
-    takeLayers();
-    followFirstLayers();
-    holdColumns(); // the operator may have begun to edit before the reply came
+    palletPages->layers->takeWidgets();
+    palletPages->layers->followFirst();
+    palletPages->layers->holdColumns(); // the operator may have begun to edit before the reply came
 }
 
 /// The table anew, for so many layers.
 void TechnologyWidget::overlapModeTab(int layers)
 {
     ui->overlapModeTab->rebuild(stackOf(layers), LayerTable::Old::DeletedLater);
-    takeLayers();
+    palletPages->layers->takeWidgets();
 }
 
 /// The widgets of a rebuilt table; layer 1 is the chosen one.
-void TechnologyWidget::takeLayers()
+void TechnologyWidget::Pallet::Layers::takeWidgets()
 {
-    overlapGraphicCombos = ui->overlapModeTab->graphics();
-    overlapHeightEdits = ui->overlapModeTab->heights();
+    pallet.overlapGraphicCombos = ui->overlapModeTab->graphics();
+    pallet.overlapHeightEdits = ui->overlapModeTab->heights();
     ui->overlapModeTab->selectRow(1);
 }
 
 /// Brings new rows into the repeat mode and keeps them there.
-void TechnologyWidget::followFirstLayers()
+void TechnologyWidget::Pallet::Layers::followFirst()
 {
-    on_repeatModeComboBox_activated(ui->repeatModeComboBox->currentIndex());
-    if (overlapGraphicCombos.size() < 2)
+    widget.on_repeatModeComboBox_activated(ui->repeatModeComboBox->currentIndex());
+    if (pallet.overlapGraphicCombos.size() < 2)
         return;
     for (int layer = 0; layer < 2; ++layer) {
-        connect(overlapGraphicCombos[layer], QOverload<int>::of(&QComboBox::currentIndexChanged),
-                this, &TechnologyWidget::repeatModeComboBoxShow);
-        connect(overlapHeightEdits[layer], &DigitalLineEdit::finishType, this,
+        connect(pallet.overlapGraphicCombos[layer],
+                QOverload<int>::of(&QComboBox::currentIndexChanged), &widget,
+                &TechnologyWidget::repeatModeComboBoxShow);
+        connect(pallet.overlapHeightEdits[layer], &DigitalLineEdit::finishType, &widget,
                 &TechnologyWidget::repeatModeEditShow);
     }
 }
@@ -209,44 +221,47 @@ void TechnologyWidget::on_levelsnum_editingFinished()
     if (layers <= 0)
         return;
     overlapModeTab(layers);
-    followFirstLayers();
+    palletPages->layers->followFirst();
 }
 
 void TechnologyWidget::on_repeatModeComboBox_activated(int mode)
 {
-    const int layers = static_cast<int>(overlapGraphicCombos.size());
+    const QVector<QComboBox *> &graphics = palletPages->overlapGraphicCombos;
+    const int layers = static_cast<int>(graphics.size());
     if (layers < 2 || mode < Same || mode > Custom)
         return;
     // how many of the first layers the others follow, and may be chosen
     const int leading = mode == Same ? 1 : mode == Alternating ? 2 : layers;
-    repeatGraphics(overlapGraphicCombos, leading);
-    repeatHeights(overlapHeightEdits, leading);
+    repeatGraphics(graphics, leading);
+    repeatHeights(palletPages->overlapHeightEdits, leading);
     for (int layer = 0; layer < layers; ++layer)
-        overlapGraphicCombos[layer]->setEnabled(layer < leading);
+        graphics[layer]->setEnabled(layer < leading);
 }
 
 /// One of the first two layers got another graphic.
 void TechnologyWidget::repeatModeComboBoxShow(int row)
 {
-    const int layers = static_cast<int>(overlapGraphicCombos.size());
+    const QVector<QComboBox *> &graphics = palletPages->overlapGraphicCombos;
+    const int layers = static_cast<int>(graphics.size());
     const int mode = ui->repeatModeComboBox->currentIndex();
     if (mode == Same && layers > 1) {
-        for (QComboBox *graphic : std::as_const(overlapGraphicCombos))
+        for (QComboBox *graphic : graphics)
             graphic->setCurrentIndex(row);
     } else if (mode == Alternating && layers > 2) {
-        repeatGraphics(overlapGraphicCombos, 2);
+        repeatGraphics(graphics, 2);
     }
 }
 
 /// One of the first two layers got another height correction.
 void TechnologyWidget::repeatModeEditShow()
 {
-    const int layers = static_cast<int>(overlapHeightEdits.size());
+    const QVector<DigitalLineEdit *> &heights = palletPages->overlapHeightEdits;
+    const int layers = static_cast<int>(heights.size());
     const int mode = ui->repeatModeComboBox->currentIndex();
     if (mode == Same && layers > 1)
-        repeatHeights(overlapHeightEdits, 1);
+        repeatHeights(heights, 1);
     else if (mode == Alternating && layers > 2)
-        repeatHeights(overlapHeightEdits, 2);
+        repeatHeights(heights, 2);
 }
 
 void TechnologyWidget::repeatModel()
@@ -260,7 +275,7 @@ void TechnologyWidget::on_repeatBtn_clicked()
     const int row = ui->overlapModeTab->currentRow();
     if (row <= 0)
         return;
-    repeatGraphics(overlapGraphicCombos, std::max(row - 1, 1));
+    repeatGraphics(palletPages->overlapGraphicCombos, std::max(row - 1, 1));
 }
 
 void TechnologyWidget::itemChanged(QTableWidgetItem *) { }
@@ -274,17 +289,17 @@ void TechnologyWidget::changeVerticalAlignmentBtnState()
 {
     ui->verticalAlignmentBtn->setCheck(!ui->verticalAlignmentBtn->isCheck());
     if (ui->verticalAlignmentBtn->isCheck())
-        lockRepeatMode();
+        palletPages->layers->lockRepeatMode();
     else
         ui->repeatModeComboBox->setEnabled(true);
 }
 
 /// A stack that is built column by column admits but one graphic.
-void TechnologyWidget::lockRepeatMode()
+void TechnologyWidget::Pallet::Layers::lockRepeatMode()
 {
     ui->repeatModeComboBox->setCurrentIndex(Same);
     ui->repeatModeComboBox->setEnabled(false);
-    on_repeatModeComboBox_activated(Same);
+    widget.on_repeatModeComboBox_activated(Same);
 }
 
 void TechnologyWidget::changeLevelsAutoAlignmentBtnState()
@@ -297,14 +312,15 @@ void TechnologyWidget::changePoseAutorotationBtnState()
     ui->poseAutorotationBtn->setCheck(!ui->poseAutorotationBtn->isCheck());
 }
 
-bool TechnologyWidget::acceptOverlapping()
+bool TechnologyWidget::Pallet::Layers::accept() const
 {
-    if (!fields::acceptAll(kChecks, this, ui))
+    if (!fields::acceptAll(kChecks, &widget, ui))
         return false;
-    const bool inRange = std::all_of(overlapHeightEdits.cbegin(), overlapHeightEdits.cend(),
-                                     [](const auto *edit) { return isHeight(edit->text()); });
+    const bool inRange =
+        std::all_of(pallet.overlapHeightEdits.cbegin(), pallet.overlapHeightEdits.cend(),
+                    [](const auto *edit) { return isHeight(edit->text()); });
     if (!inRange)
-        fields::refuse(tr("高度修正值范围为[-5000-5000]!"));
+        fields::refuse(TechnologyWidget::tr("高度修正值范围为[-5000-5000]!"));
     return inRange;
 }
 
@@ -312,11 +328,12 @@ void TechnologyWidget::modifyOverlapping()
 {
     const bool wasViewing = ui->overlappingModifyBtn->text() == tr("修改");
     pressModify(
-        editPage(ui), [this] { return acceptOverlapping(); },
+        editPage(ui), [this] { return palletPages->layers->accept(); },
         [this] {
+            const QVector<QComboBox *> &layers = palletPages->overlapGraphicCombos;
             // an emptied field names no stack: that of the table stands
             if (ui->levelsnum->text().isEmpty())
-                ui->levelsnum->setText(QString::number(overlapGraphicCombos.size()));
+                ui->levelsnum->setText(QString::number(layers.size()));
             Json::Value body = request::forText(ui->m_pPalletCraftNum);
             for (const Field &field : kOverlapping)
                 fields::collect(field, ui, body);
@@ -324,20 +341,21 @@ void TechnologyWidget::modifyOverlapping()
             pallet["floorSum"] = ui->levelsnum->text().toInt();
             Json::Value &graphics = pallet["graphicNum"] = Json::Value(Json::arrayValue);
             Json::Value &heights = pallet["heightRevise"] = Json::Value(Json::arrayValue);
-            for (int layer = 0; layer < overlapGraphicCombos.size(); ++layer) {
-                graphics.append(overlapGraphicCombos[layer]->currentText().toInt());
-                heights.append(overlapHeightEdits[layer]->text().toDouble());
+            for (int layer = 0; layer < layers.size(); ++layer) {
+                graphics.append(layers[layer]->currentText().toInt());
+                heights.append(palletPages->overlapHeightEdits[layer]->text().toDouble());
             }
             request::send(message::SetPalletOverlap, body);
             PrintLog::OutputToLog(tr("设置重叠模式"), 1);
         });
     if (wasViewing)
-        holdColumns();
+        palletPages->layers->holdColumns();
 }
 
 /// While a stack that is built column by column is edited, its layers are all the same.
-void TechnologyWidget::holdColumns()
+void TechnologyWidget::Pallet::Layers::holdColumns()
 {
-    if (ui->verticalAlignmentBtn->isCheck() && ui->overlappingModifyBtn->text() == tr("保存"))
+    if (ui->verticalAlignmentBtn->isCheck()
+        && ui->overlappingModifyBtn->text() == TechnologyWidget::tr("保存"))
         lockRepeatMode();
 }

@@ -1,8 +1,8 @@
 // Six pages, each with a drawing, that say what the switches and repeat modes of the layers do.
 
+#include "pallet/pallet_p.h"
 #include "shell/buttonstyle.h"
 #include "shell/technologyform.h"
-#include "shell/technologywidget.h"
 
 #include <QPushButton>
 
@@ -38,18 +38,19 @@ constexpr std::size_t kPages = std::size(kRing);
 
 } // namespace
 
-void TechnologyWidget::initOverlapExplanations()
+void TechnologyWidget::Pallet::initLayerExplanations()
 {
     for (std::size_t i = 0; i < kPages; ++i) {
         const Explanation &explanation = kRing[i];
         setReturnButtonSheet({ui->*explanation.up, ui->*explanation.down, ui->*explanation.back});
-        connect(ui->*explanation.up, &QPushButton::clicked, this,
+        connect(ui->*explanation.up, &QPushButton::clicked, &widget,
                 kRing[(i + kPages - 1) % kPages].show);
-        connect(ui->*explanation.down, &QPushButton::clicked, this, kRing[(i + 1) % kPages].show);
-        connect(ui->*explanation.back, &QPushButton::clicked, this,
+        connect(ui->*explanation.down, &QPushButton::clicked, &widget,
+                kRing[(i + 1) % kPages].show);
+        connect(ui->*explanation.back, &QPushButton::clicked, &widget,
                 &TechnologyWidget::palletOverlappingModelWidget);
     }
-    connect(ui->overlappingExplainBtn, &QPushButton::clicked, this, kRing[0].show);
+    connect(ui->overlappingExplainBtn, &QPushButton::clicked, &widget, kRing[0].show);
 }
 
 void TechnologyWidget::overlapExplain1()

@@ -1,15 +1,57 @@
+#include "pallet/pallet_p.h"
+
 #include "jobedit.h"
-#include "morerobot.h"
 #include "setingwidget.h"
 #include "shell/buttonstyle.h"
 #include "shell/technologyform.h"
-#include "shell/technologywidget.h"
 
 #include <QRegularExpressionValidator>
 #include <QTimer>
 
+TechnologyWidget::Pallet::Pallet(TechnologyWidget &owner)
+    : widget(owner), ui(owner.ui), robot(owner.robot)
+{
+}
+
+void TechnologyWidget::Pallet::retranslate()
+{
+    for (const auto &page : pages)
+        page->retranslate();
+    widget.retranslateWizard();
+}
+
+void TechnologyWidget::Pallet::forgetRobot()
+{
+    for (const auto &page : pages)
+        page->forgetRobot();
+    widget.forgetLivePosition();
+    widget.forgetTaughtPositions();
+}
+
+void TechnologyWidget::Pallet::linkChanged()
+{
+    for (const auto &page : pages)
+        page->linkChanged();
+}
+
+void TechnologyWidget::Pallet::initPages()
+{
+    initMode();
+    initGripper();
+    initTray();
+    widget.initMotion();
+    widget.initPosition();
+    initWorkpiece();
+    initApproach();
+    initLayers();
+    initLayerExplanations();
+    initPlane();
+    widget.initWizard();
+}
+
 void TechnologyWidget::initPalletTechInterface()
 {
+    palletPages = addPackage<Pallet>(packages, *this);
     setReturnButtonSheet({ui->m_pBtnPalletTechReturn});
     ui->levelsnum->setValidator(new QRegularExpressionValidator(
         QRegularExpression(QStringLiteral("[1-9][0-9]{0,3}")), this));
@@ -21,33 +63,7 @@ void TechnologyWidget::initPalletTechInterface()
     jobEdit = new JobEdit;
     connect(ui->m_pBtnPalletTechReturn, &QPushButton::clicked, this,
             &TechnologyWidget::return_mainPage);
-    initPalletMode();
-    initGripper();
-    initTray();
-    initMotion();
-    initPosition();
-    initWorkpiece();
-    initApproach();
-    initOverlapping();
-    initOverlapExplanations();
-    initPlane();
-    initWizard();
-    connect(MoreRobot::getInstance(), &MoreRobot::currentRobotChanged, this,
-            &TechnologyWidget::forgetOtherRobot);
-}
-
-/// The pendant works with another robot: what the pages hold of the last one is not shown, marked,
-/// calculated with or run to until the controller has told it of this one.
-void TechnologyWidget::forgetOtherRobot()
-{
-    toolFrameTexts = {};
-    showToolFrames();
-    for (const QVector<QLabel *> &labels : {trayOriginLabels, trayXLabels, trayYLabels}) {
-        for (QLabel *label : labels)
-            label->clear();
-    }
-    forgetLivePosition();
-    forgetTaughtPositions();
+    palletPages->initPages();
 }
 
 void TechnologyWidget::return_PalletPage()

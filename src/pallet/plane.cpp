@@ -3,13 +3,13 @@
 #include "app.h"
 #include "link/reply.h"
 #include "link/request.h"
+#include "pallet/pallet_p.h"
 #include "printlog.h"
 #include "robot.h"
 #include "shell/buttonstyle.h"
 #include "shell/edittoggle.h"
 #include "shell/fields.h"
 #include "shell/technologyform.h"
-#include "shell/technologywidget.h"
 #include "snackbarmessage.h"
 
 #include <algorithm>
@@ -190,8 +190,23 @@ EditPage editPage(const Form *ui)
 
 } // namespace
 
-void TechnologyWidget::initPlane()
+struct TechnologyWidget::Pallet::Plane : Page {
+    using Page::Page;
+
+    void retranslate() override;
+
+    Json::Value requestBody() const;
+    bool fillHead(const Reply &plane);
+    void showAutoTranslations();
+
+    // What the controller moves the layer by, mm; nothing as long as no reply has told.
+    std::optional<double> autoX;
+    std::optional<double> autoY;
+};
+
+void TechnologyWidget::Pallet::initPlane()
 {
+    plane = addPackage<Plane>(pages, *this);
     setReturnButtonSheet({ui->returnNavigationBtn7, ui->planePageUp, ui->planeModifyBtn,
                           ui->planeModifyCancelBtn, ui->customPreviewReturnBtn,
                           ui->customPreviewSaveBtn});
@@ -200,31 +215,33 @@ void TechnologyWidget::initPlane()
     for (int type = Ranks; type <= HuiType; ++type)
         showRotation(ui, type);
 
-    connect(robot, &Robot::robot_pallet_PlaneModel, this,
+    connect(robot, &Robot::robot_pallet_PlaneModel, &widget,
             &TechnologyWidget::updatePalletPlaneModel);
-    connect(robot, &Robot::robot_pallet_ChangeModel, this,
+    connect(robot, &Robot::robot_pallet_ChangeModel, &widget,
             &TechnologyWidget::updatePalletChangeModel);
     for (QAbstractButton *button : {static_cast<QAbstractButton *>(ui->planeModelBtn),
                                     static_cast<QAbstractButton *>(ui->overlappingPageDown),
                                     static_cast<QAbstractButton *>(ui->planeModifyCancelBtn)})
-        connect(button, &QAbstractButton::clicked, this, &TechnologyWidget::palletPlaneModelWidget);
-    connect(ui->planePageUp, &QPushButton::clicked, this,
+        connect(button, &QAbstractButton::clicked, &widget,
+                &TechnologyWidget::palletPlaneModelWidget);
+    connect(ui->planePageUp, &QPushButton::clicked, &widget,
             &TechnologyWidget::palletOverlappingModelWidget);
-    connect(ui->returnNavigationBtn7, &QPushButton::clicked, this,
+    connect(ui->returnNavigationBtn7, &QPushButton::clicked, &widget,
             &TechnologyWidget::palletcomplete);
-    connect(ui->planeModifyBtn, &QPushButton::clicked, this, &TechnologyWidget::modifyPlane);
+    connect(ui->planeModifyBtn, &QPushButton::clicked, &widget, &TechnologyWidget::modifyPlane);
     for (QPushButton *button :
          {ui->ranksToCustomBtn, ui->crisscrossToCustomBtn, ui->huiTypeToCustomBtn})
-        connect(button, &QPushButton::clicked, this, &TechnologyWidget::ranksToCustom);
+        connect(button, &QPushButton::clicked, &widget, &TechnologyWidget::ranksToCustom);
 
     const auto rowChanged = QOverload<int>::of(&QComboBox::currentIndexChanged);
-    connect(ui->planePicturesNumComboBox, rowChanged, this,
+    connect(ui->planePicturesNumComboBox, rowChanged, &widget,
             &TechnologyWidget::changePlanePicturesNum);
-    connect(ui->planeTemplateComboBox, rowChanged, this,
+    connect(ui->planeTemplateComboBox, rowChanged, &widget,
             &TechnologyWidget::planeTemplateSelectionWidget);
-    connect(ui->ranksWholeRotate, rowChanged, this, &TechnologyWidget::ranksWholeRotate);
-    connect(ui->crisscrossWholeRotate, rowChanged, this, &TechnologyWidget::crisscrossWholeRotate);
-    connect(ui->huiTypeWholeRotate, rowChanged, this, &TechnologyWidget::huiTypeWholeRotate);
+    connect(ui->ranksWholeRotate, rowChanged, &widget, &TechnologyWidget::ranksWholeRotate);
+    connect(ui->crisscrossWholeRotate, rowChanged, &widget,
+            &TechnologyWidget::crisscrossWholeRotate);
+    connect(ui->huiTypeWholeRotate, rowChanged, &widget, &TechnologyWidget::huiTypeWholeRotate);
 }
 
 /// Opens the page, or drops an edit.
@@ -258,7 +275,7 @@ void TechnologyWidget::palletPlaneModelWidget()
     ui->planeModifyBtn->setEnabled(true);
 }
 
-Json::Value TechnologyWidget::planeRequest() const
+Json::Value TechnologyWidget::Pallet::Plane::requestBody() const
 {
     Json::Value body = request::forRow(ui->m_pPalletCraftNum);
     body["graphic"] = ui->planePicturesNumComboBox->currentIndex() + 1;
@@ -276,7 +293,8 @@ void TechnologyWidget::changePlanePicturesNum()
         (ui->*row.singleRotation)->setCurrentIndex(0);
     }
     request::ask(message::GetPalletPlane, wire::reply::robot_pallet_PlaneModel,
-                 {ui->m_pPalletCraftNum, ui->planePicturesNumComboBox}, planeRequest());
+                 {ui->m_pPalletCraftNum, ui->planePicturesNumComboBox},
+                 palletPages->plane->requestBody());
 }
 
 void TechnologyWidget::planeTemplateSelectionWidget()
@@ -293,7 +311,7 @@ void TechnologyWidget::planeTemplateSelectionWidget()
 
 /// The common head of both plane replies: craft, graphic, template and translations. False when the
 /// reply is to be dropped.
-bool TechnologyWidget::fillPlaneHead(const Reply &plane)
+bool TechnologyWidget::Pallet::Plane::fillHead(const Reply &plane)
 {
     if (!reply::select(plane,
                        {{ui->m_pPalletCraftNum, plane.integer("craftID")},
@@ -307,10 +325,26 @@ bool TechnologyWidget::fillPlaneHead(const Reply &plane)
     if (const auto y = plane.number("pallet", "transLenY"))
         fields::setText(ui->yDirectionMoveDistance, fields::shown(*y));
     if (const auto x = plane.number("pallet", "autoTransLenX"))
-        ui->autoTransLenX->setText(tr("X自动平移距离%1").arg(fields::shown(*x)));
+        autoX = x;
     if (const auto y = plane.number("pallet", "autoTransLenY"))
-        ui->autoTransLenY->setText(tr("Y自动平移距离%1").arg(fields::shown(*y)));
+        autoY = y;
+    showAutoTranslations();
     return true;
+}
+
+void TechnologyWidget::Pallet::Plane::showAutoTranslations()
+{
+    if (autoX)
+        ui->autoTransLenX->setText(
+            TechnologyWidget::tr("X自动平移距离%1").arg(fields::shown(*autoX)));
+    if (autoY)
+        ui->autoTransLenY->setText(
+            TechnologyWidget::tr("Y自动平移距离%1").arg(fields::shown(*autoY)));
+}
+
+void TechnologyWidget::Pallet::Plane::retranslate()
+{
+    showAutoTranslations();
 }
 
 /// A graphic arrived.
@@ -319,7 +353,7 @@ void TechnologyWidget::updatePalletPlaneModel(const QByteArray &body)
     App::isSendLargeData_ = false;
     const auto plane =
         reply::warnAndStop(wire::reply::robot_pallet_PlaneModel, body, reply::error::kPlane);
-    if (!plane || !fillPlaneHead(*plane))
+    if (!plane || !palletPages->plane->fillHead(*plane))
         return;
     const int type = plane->integer("pallet", "graphicType").value_or(-1);
     if (type < Ranks || type > Custom)
@@ -336,7 +370,7 @@ void TechnologyWidget::updatePalletChangeModel(const QByteArray &body)
 {
     const auto plane =
         reply::warnAndGoOn(wire::reply::robot_pallet_ChangeModel, body, reply::error::kPlane);
-    if (plane && fillPlaneHead(*plane)
+    if (plane && palletPages->plane->fillHead(*plane)
         && plane->integer("pallet", "graphicType").value_or(-1) == Custom)
         ui->planePatternTemplate->setCurrentIndex(Custom);
 }
@@ -389,7 +423,7 @@ void TechnologyWidget::ranksToCustom()
 {
     ui->planeTemplateComboBox->setCurrentIndex(Custom);
     ui->planePatternTemplate->setCurrentIndex(Custom);
-    request::send(message::ConvertPalletPlane, planeRequest());
+    request::send(message::ConvertPalletPlane, palletPages->plane->requestBody());
 }
 
 /// The button's name attaches this slot as well; the work is done by modifyPlane().

@@ -8,6 +8,7 @@
 #include "robot.h"
 #include "shell/buttonstyle.h"
 #include "shell/coordinates.h"
+#include "shell/edittoggle.h"
 #include "shell/fields.h"
 #include "shell/technologyform.h"
 #include "shell/technologywidget.h"

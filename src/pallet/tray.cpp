@@ -2,13 +2,14 @@
 #include "helpers.h"
 #include "link/reply.h"
 #include "link/request.h"
+#include "pallet/pallet_p.h"
 #include "printlog.h"
 #include "promptwidget.h"
 #include "robot.h"
 #include "shell/buttonstyle.h"
 #include "shell/coordinates.h"
+#include "shell/edittoggle.h"
 #include "shell/fields.h"
-#include "shell/technologywidget.h"
 #include "snackbarmessage.h"
 
 #include <algorithm>
@@ -96,8 +97,17 @@ EditPage editPage(const Form *ui)
 
 } // namespace
 
-void TechnologyWidget::initTray()
+struct TechnologyWidget::Pallet::Tray : Page {
+    using Page::Page;
+
+    void forgetRobot() override;
+
+    void markPoint(const char *inquire);
+};
+
+void TechnologyWidget::Pallet::initTray()
 {
+    tray = addPackage<Tray>(pages, *this);
     setReturnButtonSheet({ui->returnNavigationBtn2, ui->trayModifyBtn, ui->trayModifyCancelBtn,
                           ui->trayPageUp, ui->trayPageDown});
     trayOriginLabels = {ui->taryOriginx, ui->taryOriginy, ui->taryOriginz,
@@ -108,14 +118,16 @@ void TechnologyWidget::initTray()
                    ui->taryYdirectiona, ui->taryYdirectionb, ui->taryYdirectionc};
     showViewState(editPage(ui));
 
-    connect(robot, &Robot::robot_pallet_TrayParameter, this,
+    connect(robot, &Robot::robot_pallet_TrayParameter, &widget,
             &TechnologyWidget::updatePalletTrayParameter);
-    connect(robot, &Robot::robot_usercoords_reply, this, &TechnologyWidget::keep_userReply_pallet);
-    connect(robot, &Robot::robot_user_suc, this, &TechnologyWidget::received_user_successed_pallet);
-    connect(ui->taryCoordinateCombox, QOverload<int>::of(&QComboBox::currentIndexChanged), this,
+    connect(robot, &Robot::robot_usercoords_reply, &widget,
+            &TechnologyWidget::keep_userReply_pallet);
+    connect(robot, &Robot::robot_user_suc, &widget,
+            &TechnologyWidget::received_user_successed_pallet);
+    connect(ui->taryCoordinateCombox, QOverload<int>::of(&QComboBox::currentIndexChanged), &widget,
             &TechnologyWidget::palletSetTrayWidget2);
 
-    connectClicks({
+    widget.connectClicks({
         {ui->setTrayBtn, &TechnologyWidget::palletSetTrayWidget},
         {ui->tongsPageDown, &TechnologyWidget::palletSetTrayWidget},
         {ui->trayModifyCancelBtn, &TechnologyWidget::palletSetTrayWidget},
@@ -162,8 +174,9 @@ void TechnologyWidget::keep_userReply_pallet(int, QString inquire, QVector<doubl
     const struct {
         const char *inquire;
         const QVector<QLabel *> &labels;
-    } points[] = {
-        {kOrigin, trayOriginLabels}, {kXDirection, trayXLabels}, {kYDirection, trayYLabels}};
+    } points[] = {{kOrigin, palletPages->trayOriginLabels},
+                  {kXDirection, palletPages->trayXLabels},
+                  {kYDirection, palletPages->trayYLabels}};
     for (const auto &row : points) {
         if (inquire != QLatin1String(row.inquire))
             continue;
@@ -176,30 +189,40 @@ void TechnologyWidget::keep_userReply_pallet(int, QString inquire, QVector<doubl
 
 void TechnologyWidget::trayOriginPressed()
 {
-    markTrayPoint(kOrigin);
+    palletPages->tray->markPoint(kOrigin);
 }
 
 void TechnologyWidget::trayXdirectionPressed()
 {
-    markTrayPoint(kXDirection);
+    palletPages->tray->markPoint(kXDirection);
 }
 
 void TechnologyWidget::trayYdirectionPressed()
 {
-    markTrayPoint(kYDirection);
+    palletPages->tray->markPoint(kYDirection);
+}
+
+void TechnologyWidget::Pallet::Tray::forgetRobot()
+{
+    for (const QVector<QLabel *> &labels :
+         {pallet.trayOriginLabels, pallet.trayXLabels, pallet.trayYLabels}) {
+        for (QLabel *label : labels)
+            label->clear();
+    }
 }
 
 /// Where the robot stands becomes that point; reading all three again shows it.
-void TechnologyWidget::markTrayPoint(const char *inquire)
+void TechnologyWidget::Pallet::Tray::markPoint(const char *inquire)
 {
     sendInquiry(message::GetUserCoordinatePoint, inquire, ui);
-    palletSetTrayWidget2();
+    widget.palletSetTrayWidget2();
 }
 
 /// Has the user coordinate calculated from the three points as they stand on the page.
 void TechnologyWidget::send_calData_pallet()
 {
-    const QVector<QLabel *> *points[] = {&trayOriginLabels, &trayXLabels, &trayYLabels};
+    const QVector<QLabel *> *points[] = {&palletPages->trayOriginLabels, &palletPages->trayXLabels,
+                                         &palletPages->trayYLabels};
     Json::Value coordinates(Json::arrayValue);
     for (const QVector<QLabel *> *labels : points) {
         if (labels->isEmpty()) {
@@ -252,8 +275,13 @@ void TechnologyWidget::palletGetUserCoords()
     request::send(message::SwitchUserCoordinate, body);
     PrintLog::OutputToLog(
         tr("发送切换用户坐标 userNum=%1").arg(ui->taryCoordinateCombox->currentIndex() + 1), 1);
-    currentUserCoordsText = ui->taryCoordinateCombox->currentText();
-    SnackbarMessage::showMessage(tr("用户坐标切换成功！当前为：") + currentUserCoordsText, 5000, 4,
-                                 true);
+    const QString chosen = ui->taryCoordinateCombox->currentText();
+    palletPages->currentUserCoordsText = chosen;
+    SnackbarMessage::showMessage(tr("用户坐标切换成功！当前为：") + chosen, 5000, 4, true);
     emit showPalletCurrentUserCoords();
+}
+
+QString TechnologyWidget::getCurrentCoordsUser()
+{
+    return palletPages->currentUserCoordsText;
 }

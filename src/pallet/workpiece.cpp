@@ -1,11 +1,11 @@
 #include "link/reply.h"
 #include "link/request.h"
+#include "pallet/pallet_p.h"
 #include "printlog.h"
 #include "robot.h"
 #include "shell/buttonstyle.h"
 #include "shell/edittoggle.h"
 #include "shell/fields.h"
-#include "shell/technologywidget.h"
 
 namespace {
 
@@ -58,15 +58,15 @@ EditPage editPage(const Form *ui)
 
 } // namespace
 
-void TechnologyWidget::initWorkpiece()
+void TechnologyWidget::Pallet::initWorkpiece()
 {
     setReturnButtonSheet({ui->returnNavigationBtn4, ui->workpiecePageUp, ui->workpiecePageDown,
                           ui->workpieceModifyBtn, ui->workpieceModifyCancelBtn});
     showViewState(editPage(ui));
 
-    connect(robot, &Robot::robot_pallet_WorkpieceParameter, this,
+    connect(robot, &Robot::robot_pallet_WorkpieceParameter, &widget,
             &TechnologyWidget::updatePalletWorkpieceParameter);
-    connectClicks({
+    widget.connectClicks({
         {ui->workpieceParaBtn, &TechnologyWidget::palletWorkpieceParaWidget},
         {ui->workpieceModifyBtn, &TechnologyWidget::modifyWorkpiece},
         {ui->workpieceModifyCancelBtn, &TechnologyWidget::palletWorkpieceParaWidget},

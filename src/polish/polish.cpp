@@ -1,10 +1,9 @@
 #include "link/reply.h"
 #include "link/request.h"
+#include "polish/polish_p.h"
 #include "robot.h"
 #include "shell/buttonstyle.h"
-#include "shell/edittoggle.h"
 #include "shell/fields.h"
-#include "shell/technologywidget.h"
 
 namespace {
 
@@ -57,10 +56,21 @@ bool acceptFields(const Form *ui)
     return true;
 }
 
+EditPage editPage(const Form *ui)
+{
+    EditPage page{ui->btnPolishModify, {}};
+    for (const Parameter &parameter : kParameters)
+        page.fields.append(fields::widget(parameter.field, ui));
+    return page;
+}
+
 } // namespace
+
+TechnologyWidget::Polish::Polish(const Form *ui) : page(editPage(ui)) { }
 
 void TechnologyWidget::initPolishInterface()
 {
+    polishPages = addPackage<Polish>(packages, ui);
     setReturnButtonSheet({ui->m_pBtnPolishReturn, ui->btnPolishReturn, ui->btnPolishModify});
 
     connect(robot, &Robot::robot_Polish_Para, this, &TechnologyWidget::updatePolishParam);
@@ -74,26 +84,18 @@ void TechnologyWidget::initPolishInterface()
     connect(ui->BtnPolishPara, &QToolButton::clicked, this, &TechnologyWidget::showPolish);
 }
 
-EditPage TechnologyWidget::polishPage() const
-{
-    EditPage page{ui->btnPolishModify, {}};
-    for (const Parameter &parameter : kParameters)
-        page.fields.append(fields::widget(parameter.field, ui));
-    return page;
-}
-
 /// Opens the parameter page, or reads it anew when the process number changed.
 void TechnologyWidget::showPolish()
 {
     showPage(page::PolishPara);
     request::ask(message::GetPolish, wire::reply::robot_Polish_Para, ui->m_pPolishCombox);
-    showViewState(polishPage());
+    showViewState(polishPages->page);
 }
 
 void TechnologyWidget::modifypolish()
 {
     pressModify(
-        polishPage(), [this] { return acceptFields(ui); },
+        polishPages->page, [this] { return acceptFields(ui); },
         [this] {
             Json::Value body = request::forRow(ui->m_pPolishCombox);
             for (const Parameter &parameter : kParameters)

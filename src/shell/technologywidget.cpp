@@ -3,6 +3,7 @@
 #include "app.h"
 #include "boxpainter.h"
 #include "commandinsert.h"
+#include "morerobot.h"
 #include "newtechnologywidget.h"
 #include "promptwidget.h"
 #include "robot.h"
@@ -74,6 +75,15 @@ TechnologyWidget::TechnologyWidget(QWidget *parent)
     inittrackCon();
     initPolishInterface();
     initSprayInterface();
+
+    connect(MoreRobot::getInstance(), &MoreRobot::currentRobotChanged, this, [this] {
+        for (const auto &package : packages)
+            package->forgetRobot();
+    });
+    connect(robot, &Robot::linkChanged, this, [this] {
+        for (const auto &package : packages)
+            package->linkChanged();
+    });
     connect(ui->BtnWeldSetting, &QToolButton::clicked, this, &TechnologyWidget::showWeldingPage);
     connect(ui->BtnVisionSetting, &QToolButton::clicked, this, &TechnologyWidget::showVisionpage);
 }
@@ -165,11 +175,6 @@ void TechnologyWidget::resizeTable(QTableWidget *table, int height)
     table->setRowHeight(rows - 1, rowHeight - 3);
 }
 
-QString TechnologyWidget::getCurrentCoordsUser()
-{
-    return currentUserCoordsText;
-}
-
 void TechnologyWidget::changeEvent(QEvent *event)
 {
     if (event->type() == QEvent::LanguageChange) {
@@ -178,8 +183,8 @@ void TechnologyWidget::changeEvent(QEvent *event)
         if (currentIndex() != page::Menu)
             return_mainPage();
         ui->retranslateUi(this);
-        retranslatePalletPages();
-        retranslateWizard();
+        for (const auto &package : packages)
+            package->retranslate();
     }
     QStackedWidget::changeEvent(event);
 }

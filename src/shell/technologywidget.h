@@ -3,8 +3,8 @@
 #include "jobmanager.h"
 #include "pallet/wizard/programinformation.h"
 #include "shell/coordinates.h"
-#include "shell/edittoggle.h"
 #include "shell/pagetable.h"
+#include "shell/processpackage.h"
 #include "windtype.h"
 
 #include <QHash>
@@ -25,16 +25,13 @@ enum Position : int;
 } // namespace jobsequence
 class BoxPainter;
 class CommandInsert;
-class DigitalLineEdit;
 class JobEdit;
 class PromptWidget;
 class QAbstractButton;
-class QComboBox;
 class QLabel;
 class QTableWidget;
 class QTableWidgetItem;
 class QTimer;
-class Reply;
 class Robot;
 class Ui_TechnologyWidget;
 
@@ -286,6 +283,9 @@ protected:
     void showEvent(QShowEvent *event) override;
 
 private:
+    struct Pallet;
+    struct Polish;
+
     // ---- Shell ----
     void initTechButtons();
     void initFirstLevelFonts();
@@ -304,20 +304,6 @@ private:
 
     // ---- Packages ----
     void initPalletTechInterface();
-    void forgetOtherRobot();
-    void initPalletMode();
-    void initGripper();
-    void initTray();
-    void retranslatePalletPages();
-    void showPalletMode(int mode);
-    void enterPalletMode(int mode);
-    void confirmPalletMode(int mode);
-    void refusePalletMode(int mode);
-    void openPalletMode(int mode);
-    void showTechnologyNumbers();
-    QString technologyNumberText() const;
-    void showToolFrames();
-    void markTrayPoint(const char *inquire);
     void initMotion();
     void pollPosition(QTimer *timer, axes::Coordinate coordinate,
                       std::initializer_list<page::Index> pages);
@@ -331,24 +317,12 @@ private:
     void forgetTaughtPositions();
     void fillPoint(const Json::Value &values, PositionTexts &point,
                    const QVector<QLabel *> &labels);
-    void initWorkpiece();
-    void initApproach();
-    void initOverlapping();
-    void initOverlapExplanations();
-    void takeLayers();
-    void followFirstLayers();
-    void lockRepeatMode();
-    void holdColumns();
-    bool acceptOverlapping();
     void initLaserInterface();
     void initBWBTechInterface();
     void openSpecialProcess();
     void inittrackCon();
     void initPolishInterface();
     void initSprayInterface();
-    void initPlane();
-    Json::Value planeRequest() const;
-    bool fillPlaneHead(const Reply &plane);
     void initWizard();
     void retranslateWizard();
     void initWizardPoints();
@@ -369,7 +343,6 @@ private:
     void generateJob(const std::vector<jobsequence::Step> &sequence);
     void insertStep(const jobsequence::Step &step, int &line);
     QString pointText(jobsequence::Position position) const;
-    EditPage polishPage() const;
 
     static TechnologyWidget *instance;
 
@@ -378,6 +351,11 @@ private:
     Robot *robot; ///< every message and every reply goes through it; not owned
     CommandInsert *commandInsert; ///< run count of the special process; not owned
     PromptWidget *promptWidget = nullptr; ///< every question goes through it; not owned
+
+    // ---- Packages: what each keeps is defined in its own folder ----
+    ProcessPackages packages; ///< in the order in which they were put together
+    Pallet *palletPages = nullptr;
+    Polish *polishPages = nullptr;
 
     // ---- Palletising ----
     // The timers have no parent: they live as long as the process. Each polls every 400 ms, is
@@ -392,19 +370,6 @@ private:
     BoxPainter *previewCanvas = nullptr;
     int forwardStep = 1; ///< step of the canvas's move keys, canvas units
     int locationCanvasZoom = 10; ///< zoom level of the location canvas; 10 is 1:1
-    int previewMode = -1; ///< which request the next preview reply answers; -1: none
-    QString currentUserCoordsText;
-    QVector<QComboBox *> overlapGraphicCombos; ///< of the layers, made anew with their table
-    QVector<DigitalLineEdit *> overlapHeightEdits;
-    int palletMode = 1; ///< as palletstate reads: 0 easy, 1 complete, 2 not set
-    QVector<QLabel *> technologyNumberLabels; ///< the process number on the complete chain's pages
-    /// The frames of tools 1 to 9 as the controller wrote them: x, y, z, A, B, C. Tools that it has
-    /// not told of yet have empty texts.
-    std::array<std::array<QString, 6>, 9> toolFrameTexts;
-    // The tray's points: x, y, z, a, b, c. Their values stand on these labels and nowhere else.
-    QVector<QLabel *> trayOriginLabels;
-    QVector<QLabel *> trayXLabels;
-    QVector<QLabel *> trayYLabels;
     PositionTexts curCartPos; ///< the last Cartesian position that the controller told
     PositionTexts curCartPosCopy; ///< the same, for the easy page
     PositionTexts curJointPos; ///< the last joint position
