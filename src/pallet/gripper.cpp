@@ -6,6 +6,7 @@
 #include "shell/buttonstyle.h"
 #include "shell/edittoggle.h"
 #include "shell/fields.h"
+#include "shell/livearm.h"
 
 #include <algorithm>
 
@@ -101,6 +102,7 @@ struct TechnologyWidget::Pallet::Gripper : Page {
 
     void forgetRobot() override;
 
+    void addColumns();
     void showToolFrames();
 };
 
@@ -112,6 +114,7 @@ void TechnologyWidget::Pallet::initGripper()
                           ui->tongsPalletEasyModifyBtn, ui->tongsPalletEasyModifyCancelBtn,
                           ui->tongsPalletEasyPageDown});
     showViewState(editPage(ui));
+    gripper->addColumns();
 
     connect(robot, &Robot::robot_pallet_ToolParameter, &widget,
             &TechnologyWidget::updatePalletToolParameter);
@@ -190,6 +193,19 @@ void TechnologyWidget::Pallet::Gripper::forgetRobot()
 {
     pallet.toolFrameTexts = {};
     showToolFrames();
+}
+
+void TechnologyWidget::Pallet::Gripper::addColumns()
+{
+    const auto add = [this](const GripperRow &row) {
+        pallet.arm.addColumns(LiveArm::Columns::Tool,
+                              {ui->*row.frame[3], ui->*row.frame[4], ui->*row.frame[5]});
+    };
+    std::for_each(std::begin(kGrippers), std::end(kGrippers), add);
+    std::for_each(std::begin(kEasyGrippers), std::end(kEasyGrippers), add);
+    pallet.arm.addColumns(LiveArm::Columns::Tool, {ui->toolHeadA, ui->toolHeadB, ui->toolHeadC});
+    pallet.arm.addColumns(LiveArm::Columns::Tool,
+                          {ui->toolHeadA_2, ui->toolHeadB_2, ui->toolHeadC_2});
 }
 
 void TechnologyWidget::Pallet::Gripper::showToolFrames()

@@ -3,13 +3,14 @@
 #include "jobedit.h"
 #include "setingwidget.h"
 #include "shell/buttonstyle.h"
+#include "shell/livearm.h"
 #include "shell/technologyform.h"
 
 #include <QRegularExpressionValidator>
 #include <QTimer>
 
 TechnologyWidget::Pallet::Pallet(TechnologyWidget &owner)
-    : widget(owner), ui(owner.ui), robot(owner.robot)
+    : widget(owner), ui(owner.ui), robot(owner.robot), arm(*owner.liveArm)
 {
 }
 
@@ -17,15 +18,12 @@ void TechnologyWidget::Pallet::retranslate()
 {
     for (const auto &page : pages)
         page->retranslate();
-    widget.retranslateWizard();
 }
 
 void TechnologyWidget::Pallet::forgetRobot()
 {
     for (const auto &page : pages)
         page->forgetRobot();
-    widget.forgetLivePosition();
-    widget.forgetTaughtPositions();
 }
 
 void TechnologyWidget::Pallet::linkChanged()
@@ -39,14 +37,16 @@ void TechnologyWidget::Pallet::initPages()
     initMode();
     initGripper();
     initTray();
-    widget.initMotion();
-    widget.initPosition();
+    initMotion();
+    initPositions();
     initWorkpiece();
     initApproach();
     initLayers();
     initLayerExplanations();
     initPlane();
-    widget.initWizard();
+    initWizard();
+    initWizardPoints();
+    initWizardVariables();
 }
 
 void TechnologyWidget::initPalletTechInterface()
@@ -58,7 +58,7 @@ void TechnologyWidget::initPalletTechInterface()
     for (QTimer **timer : {&palletPositionTimer, &wizardPositionTimer, &palletEasyPositionTimer,
                            &bwbPositionTimer}) {
         *timer = new QTimer;
-        (*timer)->setInterval(400);
+        (*timer)->setInterval(LiveArm::kInterval);
     }
     jobEdit = new JobEdit;
     connect(ui->m_pBtnPalletTechReturn, &QPushButton::clicked, this,
@@ -79,4 +79,9 @@ void TechnologyWidget::reflashTechnologyIOPortList()
     boxes = {ui->get_enable_signal, ui->tongs_1_getsucceed, ui->tongs_2_getsucceed,
              ui->tongs_3_getsucceed, ui->tongs_4_getsucceed};
     SetingWidget::getInstance()->initIoDinPortList(boxes, tr("无"));
+}
+
+void TechnologyWidget::initPalletRobotType()
+{
+    liveArm->showColumns();
 }

@@ -4,18 +4,16 @@
 #include "helpers.h"
 #include "link/reply.h"
 #include "link/request.h"
+#include "pallet/pallet_p.h"
 #include "printlog.h"
 #include "robot.h"
 #include "shell/buttonstyle.h"
-#include "shell/coordinates.h"
 #include "shell/edittoggle.h"
 #include "shell/fields.h"
+#include "shell/livearm.h"
 #include "shell/technologyform.h"
-#include "shell/technologywidget.h"
 
-#include <QTimer>
 #include <algorithm>
-#include <utility>
 
 namespace {
 
@@ -23,7 +21,6 @@ using Form = Ui_TechnologyWidget;
 
 constexpr Json::ArrayIndex kSent = 6; ///< values of a point in the messages: d is not among them
 constexpr Json::ArrayIndex kFirstAngle = 3;
-constexpr int kPollPeriod = 400; ///< milliseconds
 
 /// A point as the controller keeps it: x, y, z in mm and a, b, c in radians.
 Json::Value toJson(const PositionTexts &point)
@@ -36,12 +33,6 @@ Json::Value toJson(const PositionTexts &point)
     return values;
 }
 
-void showNothing(const QVector<QLabel *> &labels)
-{
-    for (QLabel *label : labels)
-        label->setText(QStringLiteral("--"));
-}
-
 EditPage editPage(const Form *ui)
 {
     return {ui->positionModifyBtn,
@@ -52,28 +43,65 @@ EditPage editPage(const Form *ui)
 
 } // namespace
 
-void TechnologyWidget::initPosition()
+/// The points of the page with their labels: x, y, z, a, b, c, d.
+struct TechnologyWidget::Pallet::Positions : Page {
+    explicit Positions(Pallet &package);
+
+    void retranslate() override;
+    void forgetRobot() override;
+    void linkChanged() override;
+
+    void showUnit();
+    void fill(const Json::Value &values, const PointRow &row);
+
+    PointRow live;
+    PointRow entrance;
+    PointRow auxiliary;
+    PointRow job;
+    bool isInDegrees = false; ///< as the page was opened
+};
+
+TechnologyWidget::Pallet::Positions::Positions(Pallet &package)
+    : Page(package), live{&pallet.curCartPos,
+                          {ui->CurrentPointx, ui->CurrentPointy, ui->CurrentPointz,
+                           ui->CurrentPointa, ui->CurrentPointb, ui->CurrentPointc,
+                           ui->CurrentPointd},
+                          PointRow::Position},
+      entrance{&pallet.entrancePos,
+               {ui->EntrancePointx, ui->EntrancePointy, ui->EntrancePointz, ui->EntrancePointa,
+                ui->EntrancePointb, ui->EntrancePointc, ui->EntrancePointd},
+               PointRow::Position},
+      auxiliary{&pallet.auxiliaryPos,
+                {ui->AuxiliaryPointx, ui->AuxiliaryPointy, ui->AuxiliaryPointz, ui->AuxiliaryPointa,
+                 ui->AuxiliaryPointb, ui->AuxiliaryPointc, ui->AuxiliaryPointd},
+                PointRow::Position},
+      job{&pallet.jobPos,
+          {ui->JobPointx, ui->JobPointy, ui->JobPointz, ui->JobPointa, ui->JobPointb, ui->JobPointc,
+           ui->JobPointd},
+          PointRow::Position}
 {
-    livePositionLabels = {ui->CurrentPointx, ui->CurrentPointy, ui->CurrentPointz,
-                          ui->CurrentPointa, ui->CurrentPointb, ui->CurrentPointc,
-                          ui->CurrentPointd};
-    entranceLabels = {ui->EntrancePointx, ui->EntrancePointy, ui->EntrancePointz,
-                      ui->EntrancePointa, ui->EntrancePointb, ui->EntrancePointc,
-                      ui->EntrancePointd};
-    auxiliaryLabels = {ui->AuxiliaryPointx, ui->AuxiliaryPointy, ui->AuxiliaryPointz,
-                       ui->AuxiliaryPointa, ui->AuxiliaryPointb, ui->AuxiliaryPointc,
-                       ui->AuxiliaryPointd};
-    jobLabels = {ui->JobPointx, ui->JobPointy, ui->JobPointz, ui->JobPointa,
-                 ui->JobPointb, ui->JobPointc, ui->JobPointd};
+}
+
+void TechnologyWidget::Pallet::initPositions()
+{
+    positions = addPackage<Positions>(pages, *this);
     setReturnButtonSheet({ui->returnNavigationBtn3, ui->positionPageUp, ui->positionPageDown,
                           ui->positionModifyBtn, ui->positionModifyCancelBtn});
     showViewState(editPage(ui));
+    arm.addColumns(LiveArm::Columns::Head,
+                   {ui->positionHeada, ui->positionHeadb, ui->positionHeadc, ui->positionHeadd});
+    for (const PointRow *row :
+         {&positions->live, &positions->entrance, &positions->auxiliary, &positions->job})
+        arm.addColumns(LiveArm::Columns::Point, row->labels.mid(3));
+    arm.addHook([this](int kind, const PositionTexts &position) {
+        if (kind == axes::Cartesian && widget.currentIndex() == page::PalletPosition)
+            LiveArm::show(position, positions->live);
+    });
 
-    connect(robot, &Robot::robot_pallet_PositionParameter, this,
+    connect(robot, &Robot::robot_pallet_PositionParameter, &widget,
             &TechnologyWidget::updatePalletPositionParameter);
-    connect(robot, &Robot::linkChanged, this, &TechnologyWidget::forgetLivePosition);
 
-    connectClicks({
+    widget.connectClicks({
         {ui->positionEntrancePoint, &TechnologyWidget::palletEntrancePosition},
         {ui->positionAuxiliaryPoint, &TechnologyWidget::palletAuxiliaryPosition},
         {ui->positionJobPoint, &TechnologyWidget::palletJobPosition},
@@ -95,49 +123,55 @@ void TechnologyWidget::palletSetPositionWidget()
 {
     showTitleAndPage(page::PalletPosition);
     showViewState(editPage(ui));
-    ui->positionUnit->setText(App::isDeg ? tr("位置 mm，姿态 °") : tr("位置 mm，姿态 rad"));
-    hideLivePosition();
-    palletPositionTimer->start(kPollPeriod);
+    palletPages->positions->isInDegrees = App::isDeg;
+    palletPages->positions->showUnit();
+    // until the controller tells where the robot is, the page does not pretend to know
+    LiveArm::showNothing(palletPages->positions->live);
+    liveArm->start(palletPositionTimer);
     request::ask(message::GetPalletPosition, wire::reply::robot_pallet_PositionParameter,
                  ui->m_pPalletCraftNum);
 }
 
-/// Until the controller tells where the robot is, the page does not pretend to know.
-void TechnologyWidget::hideLivePosition()
+void TechnologyWidget::Pallet::Positions::showUnit()
 {
-    showNothing(livePositionLabels);
+    ui->positionUnit->setText(isInDegrees ? TechnologyWidget::tr("位置 mm，姿态 °")
+                                          : TechnologyWidget::tr("位置 mm，姿态 rad"));
+}
+
+void TechnologyWidget::Pallet::Positions::retranslate()
+{
+    showUnit();
+}
+
+void TechnologyWidget::Pallet::Positions::forgetRobot()
+{
+    linkChanged();
+    for (const PointRow &row : {entrance, auxiliary, job}) {
+        *row.texts = {};
+        LiveArm::showNothing(row);
+    }
 }
 
 /// The robot may have moved while nobody told where it is: no mark takes where it was.
-void TechnologyWidget::forgetLivePosition()
+void TechnologyWidget::Pallet::Positions::linkChanged()
 {
-    hideLivePosition();
-    curCartPos = curCartPosCopy = {};
-}
-
-void TechnologyWidget::forgetTaughtPositions()
-{
-    entrancePos = auxiliaryPos = jobPos = {};
-    for (const QVector<QLabel *> &labels : {entranceLabels, auxiliaryLabels, jobLabels})
-        showNothing(labels);
+    LiveArm::showNothing(live);
+    pallet.curCartPos = pallet.curCartPosCopy = {};
 }
 
 void TechnologyWidget::palletEntrancePosition()
 {
-    entrancePos = curCartPos;
-    showPosition(entrancePos, entranceLabels);
+    LiveArm::mark(palletPages->positions->entrance, palletPages->curCartPos);
 }
 
 void TechnologyWidget::palletAuxiliaryPosition()
 {
-    auxiliaryPos = curCartPos;
-    showPosition(auxiliaryPos, auxiliaryLabels);
+    LiveArm::mark(palletPages->positions->auxiliary, palletPages->curCartPos);
 }
 
 void TechnologyWidget::palletJobPosition()
 {
-    jobPos = curCartPos;
-    showPosition(jobPos, jobLabels);
+    LiveArm::mark(palletPages->positions->job, palletPages->curCartPos);
 }
 
 /// The points of a craft arrived. What the reply does not hold stays, but for d: the controller
@@ -151,22 +185,21 @@ void TechnologyWidget::updatePalletPositionParameter(const QByteArray &body)
     // as it comes: a number without a row leaves no row selected
     if (!reply::select(*reply, {{ui->m_pPalletCraftNum, reply->integer("craftID")}}))
         return;
-    const auto fill = [&](const char *key, PositionTexts &point, const QVector<QLabel *> &labels) {
+    const auto fill = [&](const char *key, const PointRow &row) {
         if (const Json::Value *values = reply->array("pallet", key))
-            fillPoint(*values, point, labels);
+            palletPages->positions->fill(*values, row);
     };
-    fill(App::isDeg ? "enterPosDeg" : "enterPos", entrancePos, entranceLabels);
-    fill(App::isDeg ? "shiftPosDeg" : "shiftPos", auxiliaryPos, auxiliaryLabels);
-    fill(App::isDeg ? "realPosDeg" : "realPos", jobPos, jobLabels);
+    fill(App::isDeg ? "enterPosDeg" : "enterPos", palletPages->positions->entrance);
+    fill(App::isDeg ? "shiftPosDeg" : "shiftPos", palletPages->positions->auxiliary);
+    fill(App::isDeg ? "realPosDeg" : "realPos", palletPages->positions->job);
 }
 
 /// Takes the values that the robot has from an array of a reply.
-void TechnologyWidget::fillPoint(const Json::Value &values, PositionTexts &point,
-                                 const QVector<QLabel *> &labels)
+void TechnologyWidget::Pallet::Positions::fill(const Json::Value &values, const PointRow &row)
 {
-    const axes::Model model = axes::modelOf(robot->kinematicType);
-    for (int place = 0; place < model.shown; ++place) {
-        const auto index = static_cast<Json::ArrayIndex>(model.valueAt(place));
+    const axes::Values shown = axes::modelOf(robot->kinematicType).position;
+    for (int place = 0; place < shown.count(); ++place) {
+        const auto index = static_cast<Json::ArrayIndex>(shown.at(place));
         std::optional<double> value;
         if (index < values.size())
             value = wire::asNumber(&values[index]);
@@ -174,8 +207,9 @@ void TechnologyWidget::fillPoint(const Json::Value &values, PositionTexts &point
             value = 0.0;
         if (!value)
             continue;
-        point[index] = fields::shown(*value);
-        labels.at(place)->setText(point[index]);
+        QString &text = (*row.texts)[index];
+        text = fields::shown(*value);
+        row.labels.at(place)->setText(text);
     }
 }
 
@@ -187,9 +221,9 @@ void TechnologyWidget::modifyPosition()
         [this] {
             Json::Value body = request::forText(ui->m_pPalletCraftNum);
             Json::Value &pallet = body["pallet"];
-            pallet["enterPos"] = toJson(entrancePos);
-            pallet["shiftPos"] = toJson(auxiliaryPos);
-            pallet["realPos"] = toJson(jobPos);
+            pallet["enterPos"] = toJson(palletPages->entrancePos);
+            pallet["shiftPos"] = toJson(palletPages->auxiliaryPos);
+            pallet["realPos"] = toJson(palletPages->jobPos);
             request::send(message::SetPalletPosition, body);
             PrintLog::OutputToLog(tr("设置位置信息"), 1);
         });
@@ -197,15 +231,15 @@ void TechnologyWidget::modifyPosition()
 
 void TechnologyWidget::doMoveToEntrancePoint()
 {
-    moveToPoint(entrancePos);
+    liveArm->moveTo(palletPages->positions->entrance);
 }
 
 void TechnologyWidget::doMoveToAuxiliaryPoint()
 {
-    moveToPoint(auxiliaryPos);
+    liveArm->moveTo(palletPages->positions->auxiliary);
 }
 
 void TechnologyWidget::doMoveToJobPoint()
 {
-    moveToPoint(jobPos);
+    liveArm->moveTo(palletPages->positions->job);
 }

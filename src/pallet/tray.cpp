@@ -7,12 +7,10 @@
 #include "promptwidget.h"
 #include "robot.h"
 #include "shell/buttonstyle.h"
-#include "shell/coordinates.h"
 #include "shell/edittoggle.h"
 #include "shell/fields.h"
+#include "shell/livearm.h"
 #include "snackbarmessage.h"
-
-#include <algorithm>
 
 namespace {
 
@@ -27,19 +25,6 @@ constexpr char kXDirection[] = "X";
 constexpr char kYDirection[] = "Y";
 
 const Field kUserNumber = {&Form::taryCoordinateCombox, {"pallet", "userNum"}, Field::Sent::Real};
-
-/// How many values of a point a robot of this kind shows.
-int pointValues(int kinematicType)
-{
-    switch (axes::modelOf(kinematicType).family) {
-    case axes::Family::FourAxis:
-        return 4;
-    case axes::Family::ThreeAxis:
-        return 3;
-    default:
-        return 6;
-    }
-}
 
 bool isSixAxis(int kinematicType)
 {
@@ -116,6 +101,9 @@ void TechnologyWidget::Pallet::initTray()
                    ui->taryXdirectiona, ui->taryXdirectionb, ui->taryXdirectionc};
     trayYLabels = {ui->taryYdirectionx, ui->taryYdirectiony, ui->taryYdirectionz,
                    ui->taryYdirectiona, ui->taryYdirectionb, ui->taryYdirectionc};
+    arm.addColumns(LiveArm::Columns::Head, {ui->taryHeada, ui->taryHeadb, ui->taryHeadc});
+    for (const QVector<QLabel *> &labels : {trayOriginLabels, trayXLabels, trayYLabels})
+        arm.addColumns(LiveArm::Columns::Point, labels.mid(3));
     showViewState(editPage(ui));
 
     connect(robot, &Robot::robot_pallet_TrayParameter, &widget,
@@ -180,10 +168,13 @@ void TechnologyWidget::keep_userReply_pallet(int, QString inquire, QVector<doubl
     for (const auto &row : points) {
         if (inquire != QLatin1String(row.inquire))
             continue;
-        const int values =
-            std::min(pointValues(robot->kinematicType), static_cast<int>(point.size()));
-        for (int i = 0; i < values; ++i)
-            row.labels.at(i)->setText(fields::shown(point.at(i)).left(kShownCharacters));
+        const axes::Values values = axes::modelOf(robot->kinematicType).trayPoint;
+        for (int place = 0; place < values.count(); ++place) {
+            const auto index = static_cast<int>(values.at(place));
+            if (index < point.size())
+                row.labels.at(place)->setText(
+                    fields::shown(point.at(index)).left(kShownCharacters));
+        }
     }
 }
 

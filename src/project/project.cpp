@@ -1,10 +1,17 @@
 #include "app.h"
+#include "project/project_p.h"
 #include "shell/buttonstyle.h"
 #include "shell/technologyform.h"
-#include "shell/technologywidget.h"
+
+TechnologyWidget::Project::Project(TechnologyWidget &owner)
+    : widget(owner), ui(owner.ui), robot(owner.robot)
+{
+}
 
 void TechnologyWidget::initBWBTechInterface()
 {
+    projectPages = addPackage<Project>(packages, *this);
+    projectPages->initPointPanel();
     setReturnButtonSheet({ui->ReturnProject_Button, ui->OpenProject_Button, ui->btnOpenJob});
     ui->btnOpenJob->hide();
     connect(ui->ReturnProject_Button, &QPushButton::clicked, this,

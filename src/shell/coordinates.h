@@ -5,6 +5,7 @@
 #include <QStringList>
 #include <QTime>
 #include <array>
+#include <string_view>
 
 /// What the coordinates of a robot are called and how many it has, by its kinematic type, which is
 /// read from Robot at the moment of use.
@@ -19,26 +20,53 @@ constexpr int kMost = 7;
 
 enum class Family { None, OneAxis, ThreeAxis, FourAxis, FiveAxis, SixAxis, SevenAxis };
 
-/// What a kinematic type has.
+/// Which values of a position a label row shows, in the order of the labels. Written as a text of
+/// their letters x, y, z, a, b, c, d, or for joints of their numbers 1 to 7.
+class Values {
+public:
+    constexpr Values(const char *letters) : m_letters(letters) { }
+
+    constexpr int count() const { return static_cast<int>(m_letters.size()); }
+    /// The index in the position of the value on the label at `place`, 0 to count() - 1.
+    constexpr std::size_t at(int place) const
+    {
+        const char letter = m_letters[static_cast<std::size_t>(place)];
+        return letter >= '1' && letter <= '7' ? static_cast<std::size_t>(letter - '1')
+                                              : std::string_view("xyzabcd").find(letter);
+    }
+
+private:
+    std::string_view m_letters;
+};
+
+/// What a kinematic type has, with a column for each use. The uses differ on purpose: a type 8 has
+/// four values on the tray and two of a position; types 2 to 4 show c as the fourth value of a
+/// position, and as the fourth joint the fourth.
 struct Model {
     int kinematicType;
     Family family;
     int axes; ///< 1 to 7
-    int shown; ///< how many values of a taught position are shown, 0 to 7
-    bool fourthIsC; ///< the fourth value that is shown is c, not a
-
-    /// The index in the position of the value that is shown at `place`, 0 to shown - 1.
-    constexpr int valueAt(int place) const { return fourthIsC && place == 3 ? 5 : place; }
+    Values trayPoint; ///< a point of the tray
+    Values position; ///< a taught position in Cartesian coordinates
+    Values joints; ///< a point of the program wizard
 };
 
+// clang-format off
 constexpr Model kModels[] = {
-    {1, Family::SixAxis, 6, 6, false},    {2, Family::FourAxis, 4, 4, true},
-    {3, Family::FourAxis, 4, 4, true},    {4, Family::FourAxis, 4, 4, true},
-    {5, Family::OneAxis, 1, 0, false},    {6, Family::FiveAxis, 5, 5, false},
-    {7, Family::SixAxis, 6, 6, false},    {8, Family::FourAxis, 4, 2, false},
-    {9, Family::ThreeAxis, 3, 3, false},  {10, Family::ThreeAxis, 3, 3, false},
-    {11, Family::ThreeAxis, 3, 3, false}, {12, Family::SevenAxis, 7, 7, false},
+    { 1, Family::SixAxis,   6, "xyzabc", "xyzabc",  "123456"},
+    { 2, Family::FourAxis,  4, "xyza",   "xyzc",    "1234"},
+    { 3, Family::FourAxis,  4, "xyza",   "xyzc",    "1234"},
+    { 4, Family::FourAxis,  4, "xyza",   "xyzc",    "1234"},
+    { 5, Family::OneAxis,   1, "xyzabc", "",        ""},
+    { 6, Family::FiveAxis,  5, "xyzabc", "xyzab",   "12345"},
+    { 7, Family::SixAxis,   6, "xyzabc", "xyzabc",  "123456"},
+    { 8, Family::FourAxis,  4, "xyza",   "xy",      "12"},
+    { 9, Family::ThreeAxis, 3, "xyz",    "xyz",     "123"},
+    {10, Family::ThreeAxis, 3, "xyz",    "xyz",     "123"},
+    {11, Family::ThreeAxis, 3, "xyz",    "xyz",     "123"},
+    {12, Family::SevenAxis, 7, "xyzabc", "xyzabcd", "1234567"},
 };
+// clang-format on
 
 /// The model of a kinematic type; a type that is in no family has no axes.
 constexpr Model modelOf(int kinematicType)
@@ -47,7 +75,7 @@ constexpr Model modelOf(int kinematicType)
         if (model.kinematicType == kinematicType)
             return model;
     }
-    return {kinematicType, Family::None, 0, 0, false};
+    return {kinematicType, Family::None, 0, "xyzabc", "", ""};
 }
 
 /// The kinds of coordinate, by their numbers in the messages.

@@ -8,6 +8,7 @@
 #include "promptwidget.h"
 #include "robot.h"
 #include "setfontsize.h"
+#include "shell/livearm.h"
 #include "shell/technologyform.h"
 
 #include <QEvent>
@@ -48,7 +49,7 @@ TechnologyWidget *TechnologyWidget::getInstance()
 
 TechnologyWidget::TechnologyWidget(QWidget *parent)
     : QStackedWidget(parent), ui(new Ui_TechnologyWidget), robot(Robot::getInstance()),
-      commandInsert(CommandInsert::getInstance())
+      commandInsert(CommandInsert::getInstance()), liveArm(std::make_unique<LiveArm>(*this))
 {
     loadResources();
     ui->setupUi(this);
@@ -187,4 +188,10 @@ void TechnologyWidget::changeEvent(QEvent *event)
             package->retranslate();
     }
     QStackedWidget::changeEvent(event);
+}
+
+void TechnologyWidget::showEvent(QShowEvent *event)
+{
+    QStackedWidget::showEvent(event);
+    liveArm->resume();
 }

@@ -1,34 +1,23 @@
 #pragma once
 
 #include "jobmanager.h"
-#include "pallet/wizard/programinformation.h"
-#include "shell/coordinates.h"
 #include "shell/pagetable.h"
 #include "shell/processpackage.h"
+#include "shell/programinformation.h"
 #include "windtype.h"
 
-#include <QHash>
 #include <QStackedWidget>
 #include <QString>
 #include <QVector>
-#include <array>
 #include <initializer_list>
-#include <json/json.h>
-#include <vector>
+#include <memory>
 
-namespace Json {
-class Value;
-}
-namespace jobsequence {
-struct Step;
-enum Position : int;
-} // namespace jobsequence
 class BoxPainter;
 class CommandInsert;
 class JobEdit;
+class LiveArm;
 class PromptWidget;
 class QAbstractButton;
-class QLabel;
 class QTableWidget;
 class QTableWidgetItem;
 class QTimer;
@@ -40,7 +29,7 @@ class Ui_TechnologyWidget;
 /// by the reply, and sends all its fields back when the operator saves.
 ///
 /// Each section below says which files hold its slots, which pages it owns and which message ids it
-/// sends. Everything runs on the GUI thread.
+/// sends; what a package keeps stands in its own header. Everything runs on the GUI thread.
 class TechnologyWidget : public QStackedWidget {
     Q_OBJECT
 public:
@@ -102,10 +91,6 @@ public:
     /// What the program wizard has collected so far.
     const ProgramInformation &collectedProgram() const { return programInformation; }
 
-    // Axes: pallet/axes.cpp
-    /// Names the values of the position panel of the point page: 0 joint, 1 Cartesian, 2 tool,
-    /// 3 user; a value above 3 sets no text.
-    void setLabelcoord(unsigned char coord);
     /// Shows and hides the orientation columns of the pallet pages by the robot's family.
     void initPalletRobotType();
 
@@ -266,9 +251,15 @@ public:
 public slots:
     void LaserMainPage();
 
-    // ---- Special process: project/project.cpp · pages 43 to 46 ----
+    // ---- Special process: project/project.cpp, pointpanel.cpp · pages 43 to 46 ----
     void ShowBWBJobList();
 
+public:
+    /// Names the values of the position panel of the point page: 0 joint, 1 Cartesian, 2 tool,
+    /// 3 user; a value above 3 sets no text.
+    void setLabelcoord(unsigned char coord);
+
+public slots:
     // ---- Polishing: polish/polish.cpp · pages 47, 48 · messages SetPolish, GetPolish ----
     void showPolish();
     void modifypolish();
@@ -284,13 +275,21 @@ protected:
 
 private:
     struct Pallet;
+    struct Project;
     struct Polish;
 
-    // ---- Shell ----
     void initTechButtons();
     void initFirstLevelFonts();
     void reduceMenuToSpecialProcess();
     void initCanvases();
+    void initPalletTechInterface();
+    void initLaserInterface();
+    void initBWBTechInterface();
+    void openSpecialProcess();
+    void inittrackCon();
+    void initPolishInterface();
+    void initSprayInterface();
+
     void showPage(page::Index index);
     /// The same with the title told first, as the pages of the pallet chain have it.
     void showTitleAndPage(page::Index index);
@@ -302,106 +301,34 @@ private:
     };
     void connectClicks(std::initializer_list<Click> clicks);
 
-    // ---- Packages ----
-    void initPalletTechInterface();
-    void initMotion();
-    void pollPosition(QTimer *timer, axes::Coordinate coordinate,
-                      std::initializer_list<page::Index> pages);
-    void showPointPanel(int kind, const PositionTexts &position);
-    void showPosition(const PositionTexts &position, const QVector<QLabel *> &labels);
-    bool mayMove() const;
-    void moveToPoint(const PositionTexts &point);
-    void initPosition();
-    void hideLivePosition();
-    void forgetLivePosition();
-    void forgetTaughtPositions();
-    void fillPoint(const Json::Value &values, PositionTexts &point,
-                   const QVector<QLabel *> &labels);
-    void initLaserInterface();
-    void initBWBTechInterface();
-    void openSpecialProcess();
-    void inittrackCon();
-    void initPolishInterface();
-    void initSprayInterface();
-    void initWizard();
-    void retranslateWizard();
-    void initWizardPoints();
-    void initWizardVariables();
-    void showWizardProgramme();
-    void showWizardPoints();
-    void showJoints(const PositionTexts &joints, const QVector<QLabel *> &labels);
-    void forgetLiveJoints();
-    void takeLiveJoints(const PositionTexts &joints);
-    void markWizardPoint(ProgramInformation::Point point, int &marks,
-                         const QVector<QLabel *> &labels);
-    void moveToWizardPoint(ProgramInformation::Point point);
-    void forgetWizardPoints();
-    void resetWizardPoints();
-    void resetWizardPorts();
-    void appendEndVariables();
-    bool acceptVariables();
-    void generateJob(const std::vector<jobsequence::Step> &sequence);
-    void insertStep(const jobsequence::Step &step, int &line);
-    QString pointText(jobsequence::Position position) const;
-
     static TechnologyWidget *instance;
 
-    // ---- Shell ----
     Ui_TechnologyWidget *ui; ///< the form, freed first in the destructor
     Robot *robot; ///< every message and every reply goes through it; not owned
     CommandInsert *commandInsert; ///< run count of the special process; not owned
     PromptWidget *promptWidget = nullptr; ///< every question goes through it; not owned
+    const std::unique_ptr<LiveArm> liveArm; ///< what the pages with points share
 
-    // ---- Packages: what each keeps is defined in its own folder ----
+    // What each package keeps; see the package's own header.
     ProcessPackages packages; ///< in the order in which they were put together
     Pallet *palletPages = nullptr;
+    Project *projectPages = nullptr;
     Polish *polishPages = nullptr;
 
-    // ---- Palletising ----
     // The timers have no parent: they live as long as the process. Each polls every 400 ms, is
     // started by its page and stopped once that page is no longer shown.
     QTimer *palletPositionTimer = nullptr;
     QTimer *wizardPositionTimer = nullptr;
     QTimer *palletEasyPositionTimer = nullptr;
+    QTimer *bwbPositionTimer = nullptr;
+    QTimer *trackSpeedTimer = nullptr;
+    QTimer *laserStateTimer = nullptr;
     JobEdit *jobEdit = nullptr; ///< has no parent either
     JobManager jobManager;
+    ProgramInformation programInformation; ///< what the program wizard has collected
     BoxPainter *planeCanvas = nullptr;
     BoxPainter *locationCanvas = nullptr;
     BoxPainter *previewCanvas = nullptr;
     int forwardStep = 1; ///< step of the canvas's move keys, canvas units
     int locationCanvasZoom = 10; ///< zoom level of the location canvas; 10 is 1:1
-    PositionTexts curCartPos; ///< the last Cartesian position that the controller told
-    PositionTexts curCartPosCopy; ///< the same, for the easy page
-    PositionTexts curJointPos; ///< the last joint position
-    PositionTexts entrancePos;
-    PositionTexts auxiliaryPos;
-    PositionTexts jobPos;
-    // Their labels: x, y, z, a, b, c, d.
-    QVector<QLabel *> livePositionLabels;
-    QVector<QLabel *> entranceLabels;
-    QVector<QLabel *> auxiliaryLabels;
-    QVector<QLabel *> jobLabels;
-    ProgramInformation programInformation; ///< what the program wizard has collected
-    int getPointMarks = 0; ///< how often the wizard's points were marked; 0: not yet
-    int upperPointMarks = 0;
-    int safePointMarks = 0;
-    // The marked points as the job takes them: seven numbers with one blank between them.
-    QString getPointText;
-    QString upperPointText;
-    QString safePointText;
-    QString palOffVariableName; ///< of the variable that ends the job
-    bool jobIsGenerated = false; ///< since the name was taken on the first page
-    // The joints on the wizard's page of points: J1 to J7.
-    QVector<QLabel *> wizardHeadLabels;
-    QVector<QLabel *> wizardLiveLabels;
-    QVector<QLabel *> getPointLabels;
-    QVector<QLabel *> upperPointLabels;
-    QVector<QLabel *> safePointLabels;
-    QHash<QTimer *, int> hiddenPolls; ///< timers that ended while their page was out of sight
-
-    // ---- Conveyor tracking, laser, special process ----
-    QTimer *trackSpeedTimer = nullptr;
-    QTimer *laserStateTimer = nullptr;
-    QTimer *bwbPositionTimer = nullptr;
-    PositionTexts bwbLivePosition; ///< what the point page shows as the current position
 };

@@ -59,35 +59,43 @@ private slots:
             int type;
             axes::Family family;
             int axes;
-            const char *values; ///< indices of the values that are shown
+            // indices of the values that are shown
+            const char *trayPoint;
+            const char *position;
+            const char *joints;
         };
         using axes::Family;
         const Row rows[] = {
-            {0, Family::None, 0, ""},
-            {1, Family::SixAxis, 6, "012345"},
-            {2, Family::FourAxis, 4, "0125"},
-            {3, Family::FourAxis, 4, "0125"},
-            {4, Family::FourAxis, 4, "0125"},
-            {5, Family::OneAxis, 1, ""},
-            {6, Family::FiveAxis, 5, "01234"},
-            {7, Family::SixAxis, 6, "012345"},
-            {8, Family::FourAxis, 4, "01"},
-            {9, Family::ThreeAxis, 3, "012"},
-            {10, Family::ThreeAxis, 3, "012"},
-            {11, Family::ThreeAxis, 3, "012"},
-            {12, Family::SevenAxis, 7, "0123456"},
-            {13, Family::None, 0, ""},
-            {-1, Family::None, 0, ""},
+            {0, Family::None, 0, "012345", "", ""},
+            {1, Family::SixAxis, 6, "012345", "012345", "012345"},
+            {2, Family::FourAxis, 4, "0123", "0125", "0123"},
+            {3, Family::FourAxis, 4, "0123", "0125", "0123"},
+            {4, Family::FourAxis, 4, "0123", "0125", "0123"},
+            {5, Family::OneAxis, 1, "012345", "", ""},
+            {6, Family::FiveAxis, 5, "012345", "01234", "01234"},
+            {7, Family::SixAxis, 6, "012345", "012345", "012345"},
+            {8, Family::FourAxis, 4, "0123", "01", "01"},
+            {9, Family::ThreeAxis, 3, "012", "012", "012"},
+            {10, Family::ThreeAxis, 3, "012", "012", "012"},
+            {11, Family::ThreeAxis, 3, "012", "012", "012"},
+            {12, Family::SevenAxis, 7, "012345", "0123456", "0123456"},
+            {13, Family::None, 0, "012345", "", ""},
+            {-1, Family::None, 0, "012345", "", ""},
+        };
+        const auto indices = [](const axes::Values &values) {
+            QString text;
+            for (int place = 0; place < values.count(); ++place)
+                text += QString::number(values.at(place));
+            return text;
         };
         for (const Row &row : rows) {
             const axes::Model model = axes::modelOf(row.type);
-            QString values;
-            for (int place = 0; place < model.shown; ++place)
-                values += QString::number(model.valueAt(place));
             QCOMPARE(model.kinematicType, row.type);
             QVERIFY2(model.family == row.family, qPrintable(QString::number(row.type)));
             QCOMPARE(model.axes, row.axes);
-            QCOMPARE(values, QString::fromLatin1(row.values));
+            QCOMPARE(indices(model.trayPoint), QString::fromLatin1(row.trayPoint));
+            QCOMPARE(indices(model.position), QString::fromLatin1(row.position));
+            QCOMPARE(indices(model.joints), QString::fromLatin1(row.joints));
         }
     }
 

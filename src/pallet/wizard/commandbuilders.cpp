@@ -5,8 +5,8 @@
 #include "jobedit.h"
 #include "movecommand.h"
 #include "palcommand.h"
+#include "pallet/pallet_p.h"
 #include "shell/technologyform.h"
-#include "shell/technologywidget.h"
 #include "switchbutton.h"
 #include "timercommand.h"
 #include "varcommand.h"
@@ -131,7 +131,7 @@ void TechnologyWidget::insertPalCmd(int, int selector, int line, QString text)
         command->stepFlag = 1;
         break;
     case Command::PalOff:
-        command->palOffName = palOffVariableName;
+        command->palOffName = palletPages->palOffVariableName;
         break;
     case Command::PalToEntry:
         command->xyPathOptimization = ui->xyPathOptimization->isCheck() ? 1 : 0;
@@ -185,7 +185,7 @@ void TechnologyWidget::insertWhileCmd(int selector, int &line, int port, int val
         head->condition->reserved2 = 0;
     }
     if (selector == 0) {
-        head->condition->operandName = palOffVariableName;
+        head->condition->operandName = palletPages->palOffVariableName;
         head->condition->rightValue = QStringLiteral("0");
         head->condition->operandKind = ui->paloffVariabletype->currentText() == tr("BOOL")
             ? CommandCondition::BooleanVariable

@@ -2,10 +2,10 @@
 // the tables of jobsequence.cpp; the commands are built in commandbuilders.cpp.
 
 #include "jobedit.h"
+#include "pallet/pallet_p.h"
 #include "pallet/wizard/jobsequence.h"
 #include "printlog.h"
 #include "shell/technologyform.h"
-#include "shell/technologywidget.h"
 #include "snackbarmessage.h"
 
 #include <QComboBox>
@@ -62,23 +62,34 @@ QString moveText(const Form *ui, Leg leg)
 
 } // namespace
 
+/// Writes a job, step by step.
+struct TechnologyWidget::Pallet::JobWriter {
+    TechnologyWidget &widget;
+    Pallet &pallet;
+
+    void write(const Sequence &sequence);
+    void insert(const Step &step, int &line);
+    QString pointText(Position position) const;
+};
+
 /// Builds and stores the job. The store may fail; the editor then speaks for itself.
 void TechnologyWidget::on_createdFileFinishBtn_clicked()
 {
     // A second press that was under way finds the wizard left: the job of that name is done.
-    if (jobIsGenerated && currentIndex() != page::Wizard5)
+    if (palletPages->jobIsGenerated && currentIndex() != page::Wizard5)
         return;
-    getPointText = joined(programInformation.points[ProgramInformation::Get]);
-    upperPointText = joined(programInformation.points[ProgramInformation::Upper]);
-    safePointText = joined(programInformation.points[ProgramInformation::Safe]);
-    for (const QString &text : {getPointText, upperPointText, safePointText})
+    palletPages->getPointText = joined(programInformation.points[ProgramInformation::Get]);
+    palletPages->upperPointText = joined(programInformation.points[ProgramInformation::Upper]);
+    palletPages->safePointText = joined(programInformation.points[ProgramInformation::Safe]);
+    for (const QString &text :
+         {palletPages->getPointText, palletPages->upperPointText, palletPages->safePointText})
         PrintLog::OutputToLog(text, 1);
     const QString function = ui->palletFunctioncomboBox->currentText();
     if (function == tr("码垛"))
         createJobFile();
     else if (function == tr("卸垛"))
         createJobFile2();
-    jobIsGenerated = true;
+    palletPages->jobIsGenerated = true;
     initializeCreateFile();
     SnackbarMessage::showMessage(tr("码垛文件生成成功！"), 5000, 1, true);
     return_PalletPage();
@@ -86,94 +97,95 @@ void TechnologyWidget::on_createdFileFinishBtn_clicked()
 
 void TechnologyWidget::createJobFile()
 {
-    generateJob(palletising());
+    Pallet::JobWriter{*this, *palletPages}.write(palletising());
 }
 
 void TechnologyWidget::createJobFile2()
 {
-    generateJob(depalletising());
+    Pallet::JobWriter{*this, *palletPages}.write(depalletising());
 }
 
 /// Walks the steps of a job. The cursor is the line of the next command; it moves on also where a
 /// builder had to leave its command out.
-void TechnologyWidget::generateJob(const Sequence &sequence)
+void TechnologyWidget::Pallet::JobWriter::write(const Sequence &sequence)
 {
-    jobEdit->newJob(programInformation.name);
-    palOffVariableName = ui->paloffVariable->currentText();
+    widget.jobEdit->newJob(widget.programInformation.name);
+    pallet.palOffVariableName = pallet.ui->paloffVariable->currentText();
     int line = 1;
     for (const Step &step : sequence) {
-        if (isChosen(ui, step.option))
-            insertStep(step, line);
+        if (isChosen(pallet.ui, step.option))
+            insert(step, line);
     }
-    jobEdit->storeJob();
+    widget.jobEdit->storeJob();
 }
 
-void TechnologyWidget::insertStep(const Step &step, int &line)
+void TechnologyWidget::Pallet::JobWriter::insert(const Step &step, int &line)
 {
-    const int valvePort = programInformation.tongsPort[0];
-    const int valveValue = programInformation.tongsValue[0];
+    const Form *ui = pallet.ui;
+    const int valvePort = widget.programInformation.tongsPort[0];
+    const int valveValue = widget.programInformation.tongsValue[0];
     const QString text = moveText(ui, step.leg);
     switch (step.action) {
     case Action::OuterLoop:
-        return insertWhileCmd(0, line, 0, 0); // leaves the cursor inside the loop
+        return widget.insertWhileCmd(0, line, 0, 0); // leaves the cursor inside the loop
     case Action::GripLoop:
-        return insertWhileCmd(1, line, ui->tongs_1_getsucceed->currentIndex(),
-                              ui->tongs_1_getsucceed_validvalues->currentText().toInt());
+        return widget.insertWhileCmd(1, line, ui->tongs_1_getsucceed->currentIndex(),
+                                     ui->tongs_1_getsucceed_validvalues->currentText().toInt());
     case Action::GripLoopEnd:
         break; // the end stands there already: the cursor goes past it
     case Action::OuterLoopEnd:
         return; // likewise, and nothing follows it
     case Action::Head:
-        insertPalCmd(0, 2, line, QString());
+        widget.insertPalCmd(0, 2, line, QString());
         break;
     case Action::Start:
-        insertPalCmd(0, 0, line, QString());
+        widget.insertPalCmd(0, 0, line, QString());
         break;
     case Action::Count:
-        insertPalCmd(0, 7, line, QString());
+        widget.insertPalCmd(0, 7, line, QString());
         break;
     case Action::Move:
-        insertMoveCmd(0, interpolationOf(ui, step.leg), step.position, line,
-                      pointText(step.position));
+        widget.insertMoveCmd(0, interpolationOf(ui, step.leg), step.position, line,
+                             pointText(step.position));
         break;
     case Action::Permission:
-        insertWaitCmd(ui->get_enable_signal->currentIndex(),
-                      ui->get_enable_signal_validvalues->currentText().toInt(), line);
+        widget.insertWaitCmd(ui->get_enable_signal->currentIndex(),
+                             ui->get_enable_signal_validvalues->currentText().toInt(), line);
         break;
     case Action::ValveOn:
-        insertDoutCmd(valvePort, valveValue, line);
+        widget.insertDoutCmd(valvePort, valveValue, line);
         break;
     case Action::ValveOff:
-        insertDoutCmd(valvePort, valveValue == 1 ? 0 : 1, line);
+        widget.insertDoutCmd(valvePort, valveValue == 1 ? 0 : 1, line);
         break;
     case Action::Pause:
-        insertTimerCmd(QStringLiteral("1"), line);
+        widget.insertTimerCmd(QStringLiteral("1"), line);
         break;
     case Action::ToEntry:
-        insertPalCmd(0, 5, line, text);
+        widget.insertPalCmd(0, 5, line, text);
         break;
     case Action::ToAuxiliary:
-        insertPalCmd(0, 4, line, text);
+        widget.insertPalCmd(0, 4, line, text);
         break;
     case Action::ToWorkpiece:
-        insertPalCmd(0, 3, line, text);
+        widget.insertPalCmd(0, 3, line, text);
         break;
     case Action::Off:
-        insertPalCmd(0, 6, line, QString());
+        widget.insertPalCmd(0, 6, line, QString());
         break;
     }
     ++line;
 }
 
-QString TechnologyWidget::pointText(Position position) const
+QString TechnologyWidget::Pallet::JobWriter::pointText(Position position) const
 {
     switch (position) {
     case SafePoint:
-        return safePointText;
+        return pallet.safePointText;
     case UpperPoint:
-        return upperPointText;
+        return pallet.upperPointText;
     case GetPoint:
-        return getPointText;
+        return pallet.getPointText;
     case NoPosition:
         break;
     }

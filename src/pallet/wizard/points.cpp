@@ -1,15 +1,12 @@
 // The wizard's page of points: marking them as joint values and driving to them.
 
+#include "pallet/wizard/points_p.h"
+
 #include "app.h"
-#include "morerobot.h"
-#include "robot.h"
-#include "shell/coordinates.h"
 #include "shell/technologyform.h"
-#include "shell/technologywidget.h"
 
 #include <QGridLayout>
 #include <QLabel>
-#include <utility>
 
 namespace {
 
@@ -17,23 +14,41 @@ constexpr int kFirstColumn = 2; ///< of the joints, behind number and name of a 
 
 } // namespace
 
-void TechnologyWidget::initWizardPoints()
+TechnologyWidget::Pallet::WizardPoints::WizardPoints(Pallet &package) : Page(package)
 {
-    wizardHeadLabels = {ui->wizardHeadx, ui->wizardHeady, ui->wizardHeadz, ui->wizardHeada,
-                        ui->wizardHeadb, ui->wizardHeadc, ui->wizardHeadd};
-    wizardLiveLabels = {ui->wizardLivex, ui->wizardLivey, ui->wizardLivez, ui->wizardLivea,
-                        ui->wizardLiveb, ui->wizardLivec, ui->wizardLived};
-    getPointLabels = {ui->GetPointx, ui->GetPointy, ui->GetPointz, ui->GetPointa,
-                      ui->GetPointb, ui->GetPointc, ui->GetPointd};
-    upperPointLabels = {ui->UpperPointx, ui->UpperPointy, ui->UpperPointz, ui->UpperPointa,
-                        ui->UpperPointb, ui->UpperPointc, ui->UpperPointd};
-    safePointLabels = {ui->SafePointx, ui->SafePointy, ui->SafePointz, ui->SafePointa,
-                       ui->SafePointb, ui->SafePointc, ui->SafePointd};
-    connect(robot, &Robot::linkChanged, this, &TechnologyWidget::forgetLiveJoints);
-    connect(MoreRobot::getInstance(), &MoreRobot::currentRobotChanged, this,
-            &TechnologyWidget::forgetWizardPoints);
+    heads = {ui->wizardHeadx, ui->wizardHeady, ui->wizardHeadz, ui->wizardHeada,
+             ui->wizardHeadb, ui->wizardHeadc, ui->wizardHeadd};
+    const QVector<QLabel *> labels[] = {
+        {ui->wizardLivex, ui->wizardLivey, ui->wizardLivez, ui->wizardLivea, ui->wizardLiveb,
+         ui->wizardLivec, ui->wizardLived},
+        {ui->GetPointx, ui->GetPointy, ui->GetPointz, ui->GetPointa, ui->GetPointb, ui->GetPointc,
+         ui->GetPointd},
+        {ui->UpperPointx, ui->UpperPointy, ui->UpperPointz, ui->UpperPointa, ui->UpperPointb,
+         ui->UpperPointc, ui->UpperPointd},
+        {ui->SafePointx, ui->SafePointy, ui->SafePointz, ui->SafePointa, ui->SafePointb,
+         ui->SafePointc, ui->SafePointd},
+    };
+    for (std::size_t point = 0; point < rows.size(); ++point)
+        rows[point] = {&widget.programInformation.points[point], labels[point], PointRow::Joints};
+}
 
-    connectClicks({
+void TechnologyWidget::Pallet::initWizardPoints()
+{
+    wizardPoints = addPackage<WizardPoints>(pages, *this);
+    arm.addColumns(LiveArm::Columns::Point, wizardPoints->heads.mid(3));
+    for (const PointRow &row : wizardPoints->rows)
+        arm.addColumns(LiveArm::Columns::Point, row.labels.mid(3));
+    // the joints that the next mark takes
+    arm.addHook([this](int kind, const PositionTexts &joints) {
+        if (kind != axes::Joint)
+            return;
+        const PointRow &live = wizardPoints->rows[ProgramInformation::Live];
+        *live.texts = joints;
+        if (widget.currentIndex() == page::Wizard2)
+            LiveArm::show(joints, live);
+    });
+
+    widget.connectClicks({
         {ui->positionGetPoint, &TechnologyWidget::wizardInfoGetPoint},
         {ui->positionGetUpperPoint, &TechnologyWidget::wizardInfoGetUpperPoint},
         {ui->positionGetSafePoint, &TechnologyWidget::wizardInfoGetSafePoint},
@@ -43,112 +58,97 @@ void TechnologyWidget::initWizardPoints()
     });
 }
 
-/// The page opens. Which columns stand on it was settled when the wizard was entered, by the
-/// robot's family; they share the width.
-void TechnologyWidget::showWizardPoints()
+/// Which columns stand on the page was settled when the wizard was entered, by the robot's family;
+/// they share the width.
+void TechnologyWidget::Pallet::WizardPoints::open()
 {
-    ui->wizardPointsBox->setTitle(App::isDeg ? tr("关节值（转动轴 °）")
-                                             : tr("关节值（转动轴 rad）"));
-    forgetLiveJoints();
+    isInDegrees = App::isDeg;
+    showUnit();
+    linkChanged();
     for (int place = 0; place < axes::kMost; ++place) {
-        const bool isShown = !wizardHeadLabels.at(place)->isHidden();
+        const bool isShown = !heads.at(place)->isHidden();
         ui->gridWizardPoints->setColumnStretch(kFirstColumn + place, isShown ? 1 : 0);
     }
 }
 
+void TechnologyWidget::Pallet::WizardPoints::showUnit()
+{
+    if (isInDegrees)
+        ui->wizardPointsBox->setTitle(*isInDegrees ? TechnologyWidget::tr("关节值（转动轴 °）")
+                                                   : TechnologyWidget::tr("关节值（转动轴 rad）"));
+}
+
+void TechnologyWidget::Pallet::WizardPoints::retranslate()
+{
+    showUnit();
+}
+
 /// Until the controller tells where the robot is, the page does not pretend to know.
-void TechnologyWidget::forgetLiveJoints()
+void TechnologyWidget::Pallet::WizardPoints::linkChanged()
 {
-    for (QLabel *label : std::as_const(wizardLiveLabels))
-        label->setText(QStringLiteral("--"));
+    LiveArm::showNothing(rows[ProgramInformation::Live]);
 }
 
-/// Puts the joints that the robot shows on their labels, with three decimals. Other than in a
-/// Cartesian position the fourth value is the fourth of any robot.
-void TechnologyWidget::showJoints(const PositionTexts &joints, const QVector<QLabel *> &labels)
+/// Points that were taught with the robot before are none of this one's.
+void TechnologyWidget::Pallet::WizardPoints::forgetRobot()
 {
-    const int shown = axes::modelOf(robot->kinematicType).shown;
-    for (int place = 0; place < shown; ++place) {
-        const double value = axes::numberOf(joints[static_cast<std::size_t>(place)]);
-        labels.at(place)->setText(QString::number(value, 'f', 3));
+    widget.programInformation.points = {};
+    reset();
+}
+
+void TechnologyWidget::Pallet::WizardPoints::reset()
+{
+    pallet.getPointMarks = pallet.upperPointMarks = pallet.safePointMarks = 0;
+    for (const auto point :
+         {ProgramInformation::Get, ProgramInformation::Upper, ProgramInformation::Safe}) {
+        for (QLabel *label : rows[point].labels)
+            label->setText(TechnologyWidget::tr("0"));
     }
-}
-
-/// The joints arrived that the next mark takes.
-void TechnologyWidget::takeLiveJoints(const PositionTexts &joints)
-{
-    programInformation.points[ProgramInformation::Live] = joints;
-    if (currentIndex() == page::Wizard2)
-        showJoints(joints, wizardLiveLabels);
+    linkChanged();
 }
 
 /// A point becomes the position that was told last; before the first one it gets empty values and
 /// counts as marked all the same.
-void TechnologyWidget::markWizardPoint(ProgramInformation::Point point, int &marks,
-                                       const QVector<QLabel *> &labels)
+void TechnologyWidget::Pallet::WizardPoints::mark(ProgramInformation::Point point)
 {
-    ++marks;
-    programInformation.points[point] = programInformation.points[ProgramInformation::Live];
-    showJoints(programInformation.points[point], labels);
+    LiveArm::mark(rows[point], widget.programInformation.points[ProgramInformation::Live]);
 }
 
 void TechnologyWidget::wizardInfoGetPoint()
 {
-    markWizardPoint(ProgramInformation::Get, getPointMarks, getPointLabels);
+    ++palletPages->getPointMarks;
+    palletPages->wizardPoints->mark(ProgramInformation::Get);
 }
 
 void TechnologyWidget::wizardInfoGetUpperPoint()
 {
-    markWizardPoint(ProgramInformation::Upper, upperPointMarks, upperPointLabels);
+    ++palletPages->upperPointMarks;
+    palletPages->wizardPoints->mark(ProgramInformation::Upper);
 }
 
 void TechnologyWidget::wizardInfoGetSafePoint()
 {
-    markWizardPoint(ProgramInformation::Safe, safePointMarks, safePointLabels);
+    ++palletPages->safePointMarks;
+    palletPages->wizardPoints->mark(ProgramInformation::Safe);
 }
 
 /// A point with fewer than seven values is none, and the robot stays where it is.
-void TechnologyWidget::moveToWizardPoint(ProgramInformation::Point point)
+void TechnologyWidget::Pallet::WizardPoints::moveTo(ProgramInformation::Point point) const
 {
-    if (!mayMove())
-        return;
-    QStringList values;
-    for (const QString &text : programInformation.points[point]) {
-        if (!text.isEmpty())
-            values += text;
-    }
-    runToJointPoint(values);
+    pallet.arm.moveTo(rows[point]);
 }
 
 void TechnologyWidget::doMoveToGetPoint()
 {
-    moveToWizardPoint(ProgramInformation::Get);
+    palletPages->wizardPoints->moveTo(ProgramInformation::Get);
 }
 
 void TechnologyWidget::doMoveToGetUpperPoint()
 {
-    moveToWizardPoint(ProgramInformation::Upper);
+    palletPages->wizardPoints->moveTo(ProgramInformation::Upper);
 }
 
 void TechnologyWidget::doMoveToGetSafePoint()
 {
-    moveToWizardPoint(ProgramInformation::Safe);
-}
-
-/// Another robot: points that were taught with the one before are none of its.
-void TechnologyWidget::forgetWizardPoints()
-{
-    programInformation.points = {};
-    resetWizardPoints();
-}
-
-/// No point is marked.
-void TechnologyWidget::resetWizardPoints()
-{
-    getPointMarks = upperPointMarks = safePointMarks = 0;
-    for (const QVector<QLabel *> &labels : {getPointLabels, upperPointLabels, safePointLabels}) {
-        for (QLabel *label : labels)
-            label->setText(tr("0"));
-    }
-    forgetLiveJoints();
+    palletPages->wizardPoints->moveTo(ProgramInformation::Safe);
 }

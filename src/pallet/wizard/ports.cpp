@@ -1,5 +1,6 @@
 // The wizard's page of ports: gripper valves, pick permission, and the inputs that tell of a grip.
 
+#include "pallet/wizard/wizardpages.h"
 #include "shell/technologyform.h"
 #include "shell/technologywidget.h"
 
@@ -76,8 +77,7 @@ void TechnologyWidget::saveWizardSuccessParam(bool skip, int)
     }
 }
 
-/// No port, and the first value of each signal.
-void TechnologyWidget::resetWizardPorts()
+void wizard::resetPorts(const Form *ui)
 {
     const auto reset = [](const SignalBoxes &boxes) {
         boxes.port->setCurrentIndex(0);

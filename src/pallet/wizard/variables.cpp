@@ -1,9 +1,10 @@
 // The wizard's pages of variables and legs: which variables of the controller a job counts in and
 // ends by, and the two switches of the way to the pallet.
 
+#include "pallet/pallet_p.h"
 #include "pallet/wizard/variablebox.h"
+#include "pallet/wizard/wizardpages.h"
 #include "shell/technologyform.h"
-#include "shell/technologywidget.h"
 #include "snackbarmessage.h"
 #include "switchbutton.h"
 
@@ -47,7 +48,7 @@ void refill(QComboBox *box, const QString &word, const VariableType &local,
 
 } // namespace
 
-void TechnologyWidget::initWizardVariables()
+void TechnologyWidget::Pallet::initWizardVariables()
 {
     using Slot = void (TechnologyWidget::*)(const QString &);
     const struct {
@@ -61,11 +62,11 @@ void TechnologyWidget::initWizardVariables()
     };
     // The row, not the text: another language changes the text alone.
     for (const auto &list : lists)
-        connect(list.types, QOverload<int>::of(&QComboBox::currentIndexChanged), this,
-                [this, list](int row) { (this->*list.slot)(list.types->itemText(row)); });
-    connect(ui->xyPathOptimization, &SwitchButton::clicked, this,
+        connect(list.types, QOverload<int>::of(&QComboBox::currentIndexChanged), &widget,
+                [this, list](int row) { (widget.*list.slot)(list.types->itemText(row)); });
+    connect(ui->xyPathOptimization, &SwitchButton::clicked, &widget,
             &TechnologyWidget::changexyPathOptBtnState);
-    connect(ui->zPathOptimization, &SwitchButton::clicked, this,
+    connect(ui->zPathOptimization, &SwitchButton::clicked, &widget,
             &TechnologyWidget::changezPathOptBtnState);
 }
 
@@ -89,16 +90,13 @@ void TechnologyWidget::slotPALLETpaloffVariant(const QString &type)
     refill(ui->paloffVariable, type, kBoolean, kGlobalBoolean);
 }
 
-/// The page of variables opens: the list gets its hundred once more each time, whatever it holds,
-/// until another type is chosen.
-void TechnologyWidget::appendEndVariables()
+void wizard::appendEndVariables(const Ui_TechnologyWidget *ui)
 {
     append(ui->paloffVariable, kBoolean);
     ui->paloffVariable->setEnabled(true);
 }
 
-/// A type of the last row needs a variable; the others pass as they are.
-bool TechnologyWidget::acceptVariables()
+bool wizard::acceptVariables(const Ui_TechnologyWidget *ui)
 {
     const struct {
         QComboBox *type;
@@ -112,7 +110,8 @@ bool TechnologyWidget::acceptVariables()
     };
     for (const auto &check : checks) {
         if (check.type->currentIndex() == check.row && check.variable->currentText().isEmpty()) {
-            SnackbarMessage::showMessage(tr("变量名不能为空，请重新选择"), 5000, 1, true);
+            SnackbarMessage::showMessage(TechnologyWidget::tr("变量名不能为空，请重新选择"), 5000,
+                                         1, true);
             return false;
         }
     }

@@ -3,20 +3,18 @@
 
 #include "app.h"
 #include "morerobot.h"
+#include "pallet/wizard/points_p.h"
+#include "pallet/wizard/wizardpages.h"
 #include "promptwidget.h"
 #include "shell/buttonstyle.h"
 #include "shell/technologyform.h"
-#include "shell/technologywidget.h"
 #include "snackbarmessage.h"
 #include "switchbutton.h"
-
-#include <QTimer>
 
 namespace {
 
 using Form = Ui_TechnologyWidget;
 
-constexpr int kPollPeriod = 400; ///< milliseconds
 constexpr int kLeaving = 6; ///< App::currentAction_ while one of the wizard's questions is open
 
 /// What the pages call their points and legs by the function that is chosen on the first page.
@@ -121,10 +119,28 @@ void refuse(const char *text)
 
 } // namespace
 
-void TechnologyWidget::initWizard()
+/// What the wizard wrote on its pages, so that it can be written in another language.
+struct TechnologyWidget::Pallet::Wizard : Page {
+    using Page::Page;
+
+    void retranslate() override;
+
+    void showPointNames();
+    void showLegNames();
+    void showProgramme();
+
+    // Null as long as the page was not opened.
+    const Wording *pointNames = nullptr;
+    const Wording *legNames = nullptr;
+    // At the head of the pages behind the first, as they were when the first was left.
+    QString craft;
+    int function = -1; ///< row of its box; -1: there is nothing at the head yet
+    QString name;
+};
+
+void TechnologyWidget::Pallet::initWizard()
 {
-    initWizardPoints();
-    initWizardVariables();
+    wizard = addPackage<Wizard>(pages, *this);
     setReturnButtonSheet(
         {ui->createdFileReturnBtn1, ui->createdFileReturnBtn2, ui->createdFileReturnBtn3,
          ui->createdFileReturnBtn4, ui->createdFileReturnBtn5, ui->createdFilePageupBtn,
@@ -134,7 +150,7 @@ void TechnologyWidget::initWizard()
     ui->palletProgrameName_edit->setTextMargins(8, 0, 8, 0);
     clearName(ui);
 
-    connectClicks({
+    widget.connectClicks({
         {ui->BtnPalletFile, &TechnologyWidget::palletCreatedFileWidget1},
         {ui->createdFilePagedownBtn1, &TechnologyWidget::palletCreatedFileWidget2},
         {ui->createdFilePageupBtn2, &TechnologyWidget::palletCreatedFileWidget2},
@@ -152,10 +168,33 @@ void TechnologyWidget::initWizard()
     });
 }
 
-/// The first row of the port lists is no port but a word.
-void TechnologyWidget::retranslateWizard()
+void TechnologyWidget::Pallet::Wizard::retranslate()
 {
-    reflashTechnologyIOPortList();
+    widget.reflashTechnologyIOPortList(); // their first row is no port but a word
+    showPointNames();
+    showLegNames();
+    showProgramme();
+}
+
+void TechnologyWidget::Pallet::Wizard::showPointNames()
+{
+    if (!pointNames)
+        return;
+    ui->label_286->setText(TechnologyWidget::tr(pointNames->get));
+    ui->label_265->setText(TechnologyWidget::tr(pointNames->upper));
+    ui->label_273->setText(TechnologyWidget::tr(pointNames->safe));
+    setSheet(ui->label_318, QLatin1String(pointNames->picture));
+}
+
+void TechnologyWidget::Pallet::Wizard::showLegNames()
+{
+    if (!legNames)
+        return;
+    ui->label_275->setText(TechnologyWidget::tr(legNames->firstLeg));
+    ui->label_280->setText(TechnologyWidget::tr(legNames->lastLeg));
+    ui->label_335->setText(TechnologyWidget::tr(legNames->firstWay));
+    ui->label_336->setText(TechnologyWidget::tr(legNames->middleWay));
+    ui->label_337->setText(TechnologyWidget::tr(legNames->lastWay));
 }
 
 /// Opens the wizard on its first page.
@@ -175,12 +214,9 @@ void TechnologyWidget::palletCreatedFileWidget1()
 /// Opens the page of the points, if the program can have its name.
 void TechnologyWidget::palletCreatedFileWidget2()
 {
-    if (const Wording *wording = wordingOf(ui)) {
-        ui->label_286->setText(tr(wording->get));
-        ui->label_265->setText(tr(wording->upper));
-        ui->label_273->setText(tr(wording->safe));
-        setSheet(ui->label_318, QLatin1String(wording->picture));
-    }
+    if (const Wording *wording = wordingOf(ui))
+        palletPages->wizard->pointNames = wording;
+    palletPages->wizard->showPointNames();
     const QString name = ui->palletProgrameName_edit->text();
     jobManager.updateJobsFileInfo(MoreRobot::getCurrentRobot(), false, QString(), QString());
     const char *refusal = nullptr;
@@ -194,20 +230,24 @@ void TechnologyWidget::palletCreatedFileWidget2()
         return;
     }
     setSheet(ui->palletProgrameName_edit, nameSheet("black"));
-    jobIsGenerated = false;
+    palletPages->jobIsGenerated = false;
     programInformation.name = name;
     programInformation.craftNumber = ui->palletNumTechcomboBox->currentIndex() + 1;
     programInformation.functionNumber = ui->palletFunctioncomboBox->currentIndex() + 1;
-    showWizardProgramme();
-    showWizardPoints();
+    palletPages->wizard->craft = ui->palletNumTechcomboBox->currentText();
+    palletPages->wizard->function = ui->palletFunctioncomboBox->currentIndex();
+    palletPages->wizard->name = name;
+    palletPages->wizard->showProgramme();
+    palletPages->wizardPoints->open();
     setCurrentIndex(page::Wizard2);
-    wizardPositionTimer->start(kPollPeriod);
+    liveArm->start(wizardPositionTimer);
 }
 
 /// Opens the page of the ports, once each point was marked.
 void TechnologyWidget::palletCreatedFileWidget3()
 {
-    if (getPointMarks == 0 || upperPointMarks == 0 || safePointMarks == 0) {
+    if (palletPages->getPointMarks == 0 || palletPages->upperPointMarks == 0
+        || palletPages->safePointMarks == 0) {
         refuse(QT_TR_NOOP("标定未完成！"));
         return;
     }
@@ -226,31 +266,28 @@ void TechnologyWidget::palletCreatedFileWidget4()
     saveWizardPumpParam(false, 0);
     saveWizardSuccessParam(false, 0);
     setCurrentIndex(page::Wizard4);
-    appendEndVariables();
+    wizard::appendEndVariables(ui);
 }
 
 /// Opens the page of the legs.
 void TechnologyWidget::palletCreatedFileWidget5()
 {
-    if (const Wording *wording = wordingOf(ui)) {
-        ui->label_275->setText(tr(wording->firstLeg));
-        ui->label_280->setText(tr(wording->lastLeg));
-        ui->label_335->setText(tr(wording->firstWay));
-        ui->label_336->setText(tr(wording->middleWay));
-        ui->label_337->setText(tr(wording->lastWay));
-    }
-    if (!acceptVariables())
+    if (const Wording *wording = wordingOf(ui))
+        palletPages->wizard->legNames = wording;
+    palletPages->wizard->showLegNames();
+    if (!wizard::acceptVariables(ui))
         return;
     setCurrentIndex(page::Wizard5);
 }
 
 /// Names the program at the head of the pages behind the first.
-void TechnologyWidget::showWizardProgramme()
+void TechnologyWidget::Pallet::Wizard::showProgramme()
 {
-    const QString name = fontMetrics().elidedText(programInformation.name, Qt::ElideMiddle, 200);
-    const QString text = tr("工艺号:%1  %2  %3")
-                             .arg(ui->palletNumTechcomboBox->currentText(),
-                                  ui->palletFunctioncomboBox->currentText(), name);
+    if (function < 0)
+        return;
+    const QString shortName = widget.fontMetrics().elidedText(name, Qt::ElideMiddle, 200);
+    const QString text = TechnologyWidget::tr("工艺号:%1  %2  %3")
+                             .arg(craft, ui->palletFunctioncomboBox->itemText(function), shortName);
     for (QLabel *label :
          {ui->wizardProgramme2, ui->wizardProgramme3, ui->wizardProgramme4, ui->wizardProgramme5})
         label->setText(text);
@@ -315,8 +352,8 @@ void TechnologyWidget::cancelExitPalletFile()
 void TechnologyWidget::initializeCreateFile()
 {
     programInformation.clear();
-    resetWizardPoints();
-    resetWizardPorts();
+    palletPages->wizardPoints->reset();
+    wizard::resetPorts(ui);
     for (QComboBox *box :
          {ui->totalVariabletype, ui->layerVariabletype, ui->stackVariabletype,
           ui->paloffVariabletype, ui->getProcess, ui->middleProcess, ui->palletProcess})

@@ -1,4 +1,4 @@
-#include "pallet/wizard/programinformation.h"
+#include "shell/programinformation.h"
 
 #include <utility>
 
