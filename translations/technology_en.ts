@@ -876,10 +876,6 @@
         <translation>Stored</translation>
     </message>
     <message>
-        <source>nan</source>
-        <translation>nan</translation>
-    </message>
-    <message>
         <source>托盘X方向长度参数有误!</source>
         <translation>The length along X is wrong!</translation>
     </message>

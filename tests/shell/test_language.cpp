@@ -8,6 +8,8 @@
 #include "pagetitles.h"
 #include "pendantstyle.h"
 
+#include <QComboBox>
+#include <QGroupBox>
 #include <QLabel>
 #include <QToolButton>
 
@@ -40,7 +42,76 @@ QStringList textsOf(const QWidget *root)
     const auto labels = root->findChildren<QLabel *>();
     for (const QLabel *label : labels)
         list += label->text();
+    const auto boxes = root->findChildren<QGroupBox *>();
+    for (const QGroupBox *box : boxes)
+        list += box->title();
     return list;
+}
+
+/// The robot tells where it is, in both units.
+void tellPosition(int kind, const char *values)
+{
+    const QByteArray text = "0 " + QByteArray::number(kind) + " " + values;
+    support::receive(wire::reply::receive_moreRobot_CurPosition,
+                     "{\"pos\":\"" + text + "\",\"posDeg\":\"" + text + "\"}");
+}
+
+/// Everything on the pages gets another text than the form begins with: those of replies and of
+/// marks, and the words that follow a choice.
+void fillAllPages(TechnologyWidget *pages)
+{
+    using support::receive;
+    App::isDeg = true;
+    App::m_Select_IO_Type = 1;
+    child<QComboBox>(pages, "m_pPalletCraftNum")->setCurrentIndex(2);
+    receive(wire::reply::robot_switchpalletmode, "{\"robot\":1,\"craftID\":3,\"usePalletType\":0}");
+    pages->keep_count_data_pallet(1, "11 12 13 14 15 16", QByteArray());
+    pages->palletSetTrayWidget();
+    for (const char *point : {"O", "X", "Y"})
+        pages->keep_userReply_pallet(1, QString::fromLatin1(point), {21, 22, 23, 24, 25, 26});
+    pages->palletSetPositionWidget();
+    tellPosition(1, "31 32 33 34 35 36 37");
+    pages->palletEntrancePosition();
+    pages->palletAuxiliaryPosition();
+    pages->palletJobPosition();
+    receive(wire::reply::robot_pallet_PlaneModel,
+            "{\"robot\":1,\"craftID\":3,\"graphic\":1,\"pallet\":{\"graphicType\":0,"
+            "\"autoTransLenX\":41,\"autoTransLenY\":42}}");
+    pages->setCurrentIndex(46); // the point page of the special process
+    tellPosition(3, "51 52 53 54 55 56 57");
+
+    pages->palletCreatedFileWidget1();
+    child<QComboBox>(pages, "palletNumTechcomboBox")->setCurrentIndex(4);
+    child<QComboBox>(pages, "palletFunctioncomboBox")->setCurrentIndex(1);
+    child<QLineEdit>(pages, "palletProgrameName_edit")->setText(QStringLiteral("BOX61"));
+    pages->palletCreatedFileWidget2();
+    tellPosition(0, "61 62 63 64 65 66 67");
+    pages->wizardInfoGetPoint();
+    pages->wizardInfoGetUpperPoint();
+    pages->wizardInfoGetSafePoint();
+    pages->palletCreatedFileWidget5();
+    pages->return_mainPage();
+}
+
+/// What fillAllPages() left is there. The texts stand on labels of the words' own language.
+QString missingOf(const QStringList &texts)
+{
+    for (const char *value :
+         {"11", "16", "21", "26", "31.000", "36.000", "51.000", "56.000", "61.000", "66.000"}) {
+        if (!texts.contains(QString::fromLatin1(value)))
+            return QString::fromLatin1(value);
+    }
+    for (const char *part : {"41", "42", "BOX61"}) {
+        if (texts.filter(QString::fromLatin1(part)).isEmpty())
+            return QString::fromLatin1(part);
+    }
+    for (const char *word :
+         {"已设定为简易码垛", "位置 mm，姿态 °", "用户", "放料点", "放料点上方", "放料安全点",
+          "关节值（转动轴 °）", "卸跺过程", "放料过程", "放料点上方-放料点"}) {
+        if (!texts.contains(translated(word)))
+            return QString::fromUtf8(word);
+    }
+    return {};
 }
 
 } // namespace
@@ -164,6 +235,21 @@ private slots:
         const QStringList before = textsOf(pages);
         QVERIFY(switchTo("en"));
         QVERIFY(textsOf(pages) != before);
+        QVERIFY(switchTo("zh"));
+        QCOMPARE(textsOf(pages), before);
+    }
+
+    /// What a page holds at run time outlives another language: the values as they are, the words
+    /// in the new language.
+    void whatThePagesHoldStays()
+    {
+        fillAllPages(pages);
+        const QStringList before = textsOf(pages);
+        QCOMPARE(missingOf(before), QString());
+        QVERIFY(switchTo("en"));
+        QCOMPARE(missingOf(textsOf(pages)), QString());
+        for (const QString &text : textsOf(pages))
+            QVERIFY2(!isChinese(text), qPrintable(text));
         QVERIFY(switchTo("zh"));
         QCOMPARE(textsOf(pages), before);
     }
