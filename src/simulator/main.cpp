@@ -1,5 +1,7 @@
 // The simulated controller as a program of its own.
 
+#include "files/directorylock.h"
+#include "files/privatefiles.h"
 #include "link/messages.h"
 #include "simulator/kinematicrule.h"
 #include "simulator/simulatedcontroller.h"
@@ -16,6 +18,7 @@
 namespace {
 
 constexpr int kBadOption = 2;
+constexpr int kInUse = 3;
 constexpr quint16 kUsualPort = 7701;
 
 struct Settings {
@@ -120,8 +123,27 @@ QString readSettings(const QCommandLineParser &parser, Settings &settings)
     return {};
 }
 
+/// Who else uses the data directory, as a sentence; empty when nobody does. A directory in which
+/// there can be no lock is used all the same.
+QString lockDirectory(const QString &directory, DirectoryLock &lock)
+{
+    privatefiles::makeDirectory(directory);
+    if (lock.take(directory, QStringLiteral("controller")) != DirectoryLock::State::InUse)
+        return {};
+    const DirectoryLock::Holder &holder = lock.holder();
+    return QStringLiteral("The data directory %1 is in use by %2, process %3 on %4.")
+        .arg(directory,
+             holder.program.isEmpty() ? QStringLiteral("another program") : holder.program)
+        .arg(holder.process)
+        .arg(holder.host);
+}
+
 int run(const Settings &settings)
 {
+    DirectoryLock lock;
+    const QString user = lockDirectory(settings.options.directory, lock);
+    if (!user.isEmpty())
+        return complain(user, kInUse);
     QString sentence;
     if (!settings.restore.isEmpty()) {
         if (!ParameterStore::restore(settings.options.directory, settings.restore, &sentence))
