@@ -2,6 +2,7 @@
 
 #include "../support.h"
 
+#include "configurationfile.h"
 #include "printlog.h"
 #include "setingwidget.h"
 #include "veltrixdatabase.h"
@@ -9,6 +10,7 @@
 #include <QComboBox>
 #include <QDir>
 #include <QFile>
+#include <QSqlDatabase>
 #include <QTemporaryDir>
 
 namespace {
@@ -101,6 +103,63 @@ private slots:
         QVERIFY(!error.isEmpty());
         database->setValue(QStringLiteral("still"), 1);
         QCOMPARE(database->value(QStringLiteral("still")).toInt(), 1);
+    }
+
+    /// One a day, of a good file only, and not more than kCopies days.
+    void aCopyForEachDayOfUse()
+    {
+        namespace file = configurationfile;
+        const QTemporaryDir directory;
+        VeltrixDatabase *database = VeltrixDatabase::getInstance();
+        QVERIFY(database->open(directory.path()));
+        QVERIFY(file::copies(directory.path()).isEmpty());
+        database->setValue(QStringLiteral("screen"), 5);
+        const QDir backup(directory.filePath(QStringLiteral("backup")));
+        QVERIFY(backup.mkpath(QStringLiteral(".")));
+        for (int day = 1; day <= file::kCopies; ++day)
+            QVERIFY(
+                QFile::copy(directory.filePath(QStringLiteral("pendant.db")),
+                            backup.filePath(QStringLiteral("pendant-2001-01-0%1.db").arg(day))));
+        database->keepDailyCopy();
+        const QDate today = QDate::currentDate();
+        QVERIFY(file::hasCopy(directory.path(), today));
+        QCOMPARE(static_cast<int>(backup.entryList(QDir::Files).size()), file::kCopies);
+        QVERIFY(!file::hasCopy(directory.path(), QDate(2001, 1, 1)));
+        QVERIFY(file::hasCopy(directory.path(), QDate(2001, 1, 2)));
+
+        // with each change of the accounts, so that a copy never holds less than they are
+        const auto latest = [&] { return file::copies(directory.path()).value(0).content; };
+        QCOMPARE(latest().values.value(QStringLiteral("screen")).toInt(), 5);
+        QVERIFY(latest().accounts.isEmpty());
+        VeltrixDatabase::Account account;
+        account.name = QStringLiteral("boss");
+        account.role = AUTHORITY_ADMINISTRATOR;
+        account.passwordHash = "hash";
+        QVERIFY(database->saveAccount(account));
+        QCOMPARE(static_cast<int>(latest().accounts.size()), 1);
+        account.passwordHash = "another";
+        QVERIFY(database->saveAccount(account));
+        QCOMPARE(latest().accounts.value(0).passwordHash, account.passwordHash);
+        QVERIFY(database->removeAccount(account.name));
+        QVERIFY(latest().accounts.isEmpty());
+        // and in the end
+        database->setValue(QStringLiteral("screen"), 6);
+        database->close();
+        QCOMPARE(latest().values.value(QStringLiteral("screen")).toInt(), 6);
+
+        // What is damaged does not take the place of a good copy.
+        QFile damaged(directory.filePath(QStringLiteral("pendant.db")));
+        QVERIFY(damaged.open(QIODevice::ReadWrite) && damaged.seek(4096));
+        damaged.write(QByteArray(static_cast<int>(damaged.size()) - 4096, '\xa5'));
+        damaged.close();
+        {
+            QSqlDatabase connection = QSqlDatabase::addDatabase("QSQLITE", "damaged");
+            connection.setDatabaseName(damaged.fileName());
+            QVERIFY(connection.open());
+            QVERIFY(!file::keepCopy(connection, directory.path(), today).isEmpty());
+        }
+        QSqlDatabase::removeDatabase("damaged");
+        QCOMPARE(latest().values.value(QStringLiteral("screen")).toInt(), 6);
     }
 
     void logLinesReachJournalAndFile()

@@ -162,7 +162,8 @@ void UserAccounts::start(bool embeddedController)
         if (account.failures > 0)
             m_failures.insert(account.name, {account.failures, m_clock()});
     }
-    const bool open = embeddedController && !hasAccounts();
+    const bool open =
+        embeddedController && !hasAccounts() && !VeltrixDatabase::getInstance()->passwordRequired();
     App::locked_ = !open;
     App::sysUser = open ? AUTHORITY_ADMINISTRATOR : AUTHORITY_NONE;
     emit accountsChanged();

@@ -11,8 +11,8 @@
 ///
 /// There is no built-in password. Without any account the pendant is either open to an
 /// administrator without a password (embedded controller) or locked until the administrator's
-/// password is set (real controller). While locked, App::locked_ is set and App::sysUser is
-/// AUTHORITY_NONE.
+/// password is set (real controller; any controller where there were accounts that are lost). While
+/// locked, App::locked_ is set and App::sysUser is AUTHORITY_NONE.
 class UserAccounts : public QObject {
     Q_OBJECT
 public:

@@ -1,12 +1,12 @@
 #include "veltrixdatabase.h"
 
 #include "app.h"
+#include "configurationfile.h"
 #include "eventlog.h"
+#include "files/privatefiles.h"
 #include "printlog.h"
 
 #include <QCoreApplication>
-#include <QDir>
-#include <QFile>
 #include <QSqlDatabase>
 #include <QSqlError>
 #include <QSqlQuery>
@@ -17,14 +17,14 @@ namespace {
 
 const QString kConnection = QStringLiteral("pendant");
 
-const char *const kSchema[] = {
-    "PRAGMA journal_mode = WAL",
-    "PRAGMA synchronous = FULL",
-    "CREATE TABLE IF NOT EXISTS config (key TEXT PRIMARY KEY, value)",
-    "CREATE TABLE IF NOT EXISTS account (id INTEGER PRIMARY KEY, name TEXT NOT NULL UNIQUE,"
-    " role INTEGER NOT NULL, password TEXT NOT NULL, failures INTEGER NOT NULL,"
-    " last_failure INTEGER NOT NULL)",
-};
+/// Each must succeed for the file to be fit for use. The last one writes, which shows that it can
+/// be done.
+QStringList settings()
+{
+    return {QStringLiteral("PRAGMA journal_mode = WAL"),
+            QStringLiteral("PRAGMA synchronous = FULL"),
+            QStringLiteral("PRAGMA user_version = %1").arg(configurationfile::kVersion)};
+}
 
 QSqlQuery query()
 {
@@ -41,16 +41,6 @@ bool run(QSqlQuery &prepared)
     return false;
 }
 
-/// The hashes in the file are nobody's business but the pendant's; SQLite gives its side files the
-/// permissions of the main one.
-void keepPrivate(const QString &path)
-{
-    QFile file(path);
-    if (!file.exists() && file.open(QIODevice::WriteOnly))
-        file.close();
-    file.setPermissions(QFileDevice::ReadOwner | QFileDevice::WriteOwner);
-}
-
 } // namespace
 
 VeltrixDatabase *VeltrixDatabase::getInstance()
@@ -61,67 +51,101 @@ VeltrixDatabase *VeltrixDatabase::getInstance()
 
 bool VeltrixDatabase::open(const QString &directory, QString *error)
 {
+    using configurationfile::Presence;
     close();
-    const QString path = QDir(directory).filePath(QStringLiteral("pendant.db"));
-    if (!QDir().mkpath(directory)) {
-        if (error)
-            *error =
-                QCoreApplication::translate("VeltrixDatabase", "无法创建目录 %1").arg(directory);
-        return false;
+    m_fault = Fault::None;
+    m_directory = directory;
+    const QString path = configurationfile::pathIn(directory);
+    const Presence presence = configurationfile::presence(directory);
+    QString reason;
+    if (!privatefiles::makeDirectory(directory))
+        fail(Fault::Unavailable, qt_error_string());
+    else if (presence == Presence::Lost)
+        fail(Fault::Missing, {});
+    else if (presence == Presence::NoFile)
+        fail(Fault::NoDatabase, {});
+    else if (presence == Presence::New && !configurationfile::create(directory, &reason))
+        fail(Fault::Unavailable, reason);
+    else
+        m_open = openFile(path);
+    if (!m_open && error) {
+        *error = QCoreApplication::translate("VeltrixDatabase", "无法打开 %1：%2")
+                     .arg(path, m_faultReason);
     }
-    keepPrivate(path);
-    {
-        QSqlDatabase database = QSqlDatabase::addDatabase(QStringLiteral("QSQLITE"), kConnection);
-        database.setDatabaseName(path);
-        m_open = database.open();
-        QString reason = database.lastError().text();
-        if (m_open)
-            m_open = load(&reason);
-        if (!m_open && error)
-            *error =
-                QCoreApplication::translate("VeltrixDatabase", "无法打开 %1：%2").arg(path, reason);
-    }
-    if (!m_open)
-        QSqlDatabase::removeDatabase(kConnection);
     return m_open;
 }
 
-bool VeltrixDatabase::load(QString *error)
+bool VeltrixDatabase::fail(Fault fault, const QString &reason)
 {
-    QSqlQuery read = query();
-    const auto fails = [&] {
-        *error = read.lastError().text();
-        return false;
-    };
-    for (const char *statement : kSchema) {
-        if (!read.exec(QString::fromLatin1(statement)))
-            return fails();
-    }
-    QHash<QString, QVariant> values;
-    if (!read.exec(QStringLiteral("SELECT key, value FROM config")))
-        return fails();
-    while (read.next())
-        values.insert(read.value(0).toString(), read.value(1));
+    m_fault = fault;
+    m_faultReason = reason;
+    return false;
+}
 
-    QVector<Account> accounts;
-    if (!read.exec(QStringLiteral(
-            "SELECT name, role, password, failures, last_failure FROM account ORDER BY id")))
-        return fails();
-    while (read.next()) {
-        accounts.append({read.value(0).toString(), read.value(1).toInt(),
-                         read.value(2).toString().toLatin1(), read.value(3).toInt(),
-                         read.value(4).toLongLong()});
+bool VeltrixDatabase::openFile(const QString &path)
+{
+    privatefiles::tighten(path);
+    const bool good = [&] {
+        QSqlDatabase database = QSqlDatabase::addDatabase(QStringLiteral("QSQLITE"), kConnection);
+        database.setDatabaseName(path);
+        database.setConnectOptions(QStringLiteral("QSQLITE_BUSY_TIMEOUT=2000"));
+        database.open();
+        const configurationfile::Reading reading = configurationfile::read(database);
+        if (reading.fault != Fault::None)
+            return fail(reading.fault, reading.reason);
+        for (const QString &statement : settings()) {
+            QSqlQuery setting = query();
+            if (!setting.exec(statement))
+                return fail(Fault::Unavailable, setting.lastError().databaseText());
+        }
+        m_values = reading.content.values;
+        m_accounts = reading.content.accounts;
+        return true;
+    }();
+    if (!good) {
+        QSqlDatabase::database(kConnection, false).close();
+        QSqlDatabase::removeDatabase(kConnection);
     }
+    return good;
+}
+
+void VeltrixDatabase::holdInMemory(const QHash<QString, QVariant> &values,
+                                   const QVector<Account> &accounts)
+{
+    close();
     m_values = values;
     m_accounts = accounts;
-    return true;
+}
+
+void VeltrixDatabase::keepDailyCopy()
+{
+    if (!m_open)
+        return;
+    m_keepsCopies = true;
+    if (!configurationfile::hasCopy(m_directory, QDate::currentDate()))
+        renewCopy();
+}
+
+void VeltrixDatabase::renewCopy()
+{
+    if (!m_open || !m_keepsCopies)
+        return;
+    const QString reason = configurationfile::keepCopy(QSqlDatabase::database(kConnection, false),
+                                                       m_directory, QDate::currentDate());
+    if (!reason.isEmpty())
+        PrintLog::OutputToLog(
+            QCoreApplication::translate("VeltrixDatabase", "配置的当日副本无法写入：%1")
+                .arg(reason),
+            2);
 }
 
 void VeltrixDatabase::close()
 {
     if (!m_open)
         return;
+    renewCopy();
     m_open = false;
+    m_keepsCopies = false;
     m_values.clear();
     m_accounts.clear();
     QSqlDatabase::database(kConnection, false).close();
@@ -164,6 +188,9 @@ void VeltrixDatabase::setValue(const QString &key, const QVariant &value)
 
 bool VeltrixDatabase::saveAccount(const Account &account)
 {
+    const auto known =
+        std::find_if(m_accounts.begin(), m_accounts.end(),
+                     [&](const Account &other) { return other.name == account.name; });
     if (m_open) {
         QSqlQuery write = query();
         write.prepare(QStringLiteral(
@@ -179,13 +206,16 @@ bool VeltrixDatabase::saveAccount(const Account &account)
         if (!run(write))
             return false;
     }
-    for (Account &known : m_accounts) {
-        if (known.name == account.name) {
-            known = account;
-            return true;
-        }
+    if (known == m_accounts.end()) {
+        m_accounts.append(account);
+        renewCopy();
+        return true;
     }
-    m_accounts.append(account);
+    // Failed log-ins alone are not worth a copy each.
+    const bool changed = known->role != account.role || known->passwordHash != account.passwordHash;
+    *known = account;
+    if (changed)
+        renewCopy();
     return true;
 }
 
@@ -202,5 +232,6 @@ bool VeltrixDatabase::removeAccount(const QString &name)
                                      [&](const Account &account) { return account.name == name; });
     const bool found = gone != m_accounts.end();
     m_accounts.erase(gone, m_accounts.end());
+    renewCopy();
     return found;
 }
