@@ -6,6 +6,7 @@
 #include "eventpage.h"
 
 #include <QComboBox>
+#include <QDir>
 #include <QFile>
 #include <QPlainTextEdit>
 #include <QTableView>
@@ -95,6 +96,28 @@ private slots:
         QCOMPARE(message[3], QStringLiteral("0x4602 · {\"robot\":1}"));
         QCOMPARE(lines[1].section(QLatin1Char('\t'), 2),
                  QStringLiteral("log\t设置\\t抓手\\n信息\\\\ · 1"));
+    }
+
+    void theOldestExportsGo()
+    {
+        const QTemporaryDir directory;
+        const auto make = [&](const QString &name) {
+            QFile file(directory.filePath(name));
+            return file.open(QIODevice::WriteOnly);
+        };
+        // Of a time to come: the clock was put back since, and the new one is the oldest by name.
+        for (int i = 0; i < EventPage::kExports; ++i)
+            QVERIFY(make(QStringLiteral("events-20%1-120000.txt").arg(990101 + i)));
+        QVERIFY(make(QStringLiteral("events-notes.txt")));
+        EventPage page;
+        page.setExportDirectory(directory.path());
+        const QString path = page.exportJournal();
+        QVERIFY(QFile::exists(path));
+        const QStringList names = QDir(directory.path()).entryList(QDir::Files, QDir::Name);
+        QCOMPARE(static_cast<int>(names.size()), EventPage::kExports + 1);
+        QVERIFY(names.contains(QStringLiteral("events-notes.txt")));
+        QVERIFY(!names.contains(QStringLiteral("events-20990101-120000.txt")));
+        QVERIFY(names.contains(QStringLiteral("events-20990102-120000.txt")));
     }
 
     void exportSaysWhyItFailed()

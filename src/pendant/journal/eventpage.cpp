@@ -11,11 +11,14 @@
 #include <QDateTime>
 #include <QDir>
 #include <QEvent>
+#include <QFile>
+#include <QFileInfo>
 #include <QHBoxLayout>
 #include <QHeaderView>
 #include <QLabel>
 #include <QPlainTextEdit>
 #include <QPushButton>
+#include <QRegularExpression>
 #include <QRegularExpressionValidator>
 #include <QSignalBlocker>
 #include <QStandardPaths>
@@ -37,6 +40,21 @@ void setUpTable(QTableView *table, EventModel *model)
     table->setColumnWidth(EventModel::Number, 60);
     table->setColumnWidth(EventModel::Time, 112);
     table->setColumnWidth(EventModel::Kind, 128);
+}
+
+/// Their names are their times, so the oldest comes first. The new one stays, whatever the clock
+/// says.
+void dropOldExports(const QString &newOne)
+{
+    static const QRegularExpression name(QStringLiteral("^events-\\d{8}-\\d{6}\\.txt$"));
+    const QDir directory = QFileInfo(newOne).dir();
+    QStringList others =
+        directory
+            .entryList({QStringLiteral("events-*.txt")}, QDir::Files | QDir::NoSymLinks, QDir::Name)
+            .filter(name);
+    others.removeAll(QFileInfo(newOne).fileName());
+    while (others.size() >= EventPage::kExports)
+        QFile::remove(directory.filePath(others.takeFirst()));
 }
 
 } // namespace
@@ -112,6 +130,7 @@ QString EventPage::exportJournal()
     if (!QDir().mkpath(directory))
         error = tr("无法创建目录 %1").arg(directory);
     else if (EventLog::getInstance()->exportText(path, &error)) {
+        dropOldExports(path);
         SnackbarMessage::showMessage(tr("事件已导出：%1").arg(path), 5000, 2, true);
         return path;
     }

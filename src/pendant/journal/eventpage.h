@@ -15,6 +15,9 @@ class QTableView;
 class EventPage : public QWidget {
     Q_OBJECT
 public:
+    /// So many exports are kept in their directory; the oldest goes.
+    static constexpr int kExports = 20;
+
     explicit EventPage(QWidget *parent = nullptr);
 
     EventModel *model() const { return m_model; }
