@@ -977,6 +977,13 @@ It is not installed on this device.</translation>
     </message>
 </context>
 <context>
+    <name>Pendant</name>
+    <message>
+        <source>模拟控制器无法启动：%1</source>
+        <translation>The simulated controller does not start: %1</translation>
+    </message>
+</context>
+<context>
     <name>PromptWidget</name>
     <message>
         <source>确定</source>
@@ -1195,6 +1202,189 @@ controller</translation>
     </message>
 </context>
 <context>
+    <name>Startup</name>
+    <message>
+        <source>文件不见了</source>
+        <translation>The file is gone</translation>
+    </message>
+    <message>
+        <source>文件不是配置数据库</source>
+        <translation>The file is no configuration database</translation>
+    </message>
+    <message>
+        <source>文件内容损坏</source>
+        <translation>The file is damaged</translation>
+    </message>
+    <message>
+        <source>文件不完整</source>
+        <translation>The file is incomplete</translation>
+    </message>
+    <message>
+        <source>用户数据无法读取</source>
+        <translation>The users cannot be read</translation>
+    </message>
+    <message>
+        <source>文件由更新版本的程序写入</source>
+        <translation>Written by a newer version of the program</translation>
+    </message>
+    <message>
+        <source>文件无法读取</source>
+        <translation>The file cannot be read</translation>
+    </message>
+    <message>
+        <source>数据目录正在被另一个程序使用</source>
+        <translation>Another program uses the data directory</translation>
+    </message>
+    <message>
+        <source>同一个数据目录只能由一个程序使用。请先结束那个程序，再重试。</source>
+        <translation>Only one program can use a data directory. End the other program first, then try again.</translation>
+    </message>
+    <message>
+        <source>数据目录无法写入</source>
+        <translation>The data directory cannot be written</translation>
+    </message>
+    <message>
+        <source>日志文件无法写入</source>
+        <translation>The log file cannot be written</translation>
+    </message>
+    <message>
+        <source>可以继续运行，但本次运行的日志不会保存。</source>
+        <translation>The pendant can go on, but the log of this run is not kept.</translation>
+    </message>
+    <message>
+        <source>配置和用户无法读取</source>
+        <translation>Configuration and users cannot be read</translation>
+    </message>
+    <message>
+        <source>取回副本后，副本之后的更改会丢失。原来的文件会另存，不会删除。</source>
+        <translation>Taking back a copy loses what was changed after it. The present file is kept aside, not deleted.</translation>
+    </message>
+    <message>
+        <source>重试</source>
+        <translation>Try again</translation>
+    </message>
+    <message>
+        <source>结束程序</source>
+        <translation>End</translation>
+    </message>
+    <message>
+        <source>日志文件无法写入，本次运行的日志不保存</source>
+        <translation>The log file cannot be written; the log of this run is not kept</translation>
+    </message>
+    <message>
+        <source>数据目录无法写入（%1），本次运行的更改不保存</source>
+        <translation>The data directory cannot be written (%1); nothing that is changed in this run is kept</translation>
+    </message>
+    <message>
+        <source>配置无法恢复：%1</source>
+        <translation>The configuration cannot be put back: %1</translation>
+    </message>
+    <message>
+        <source>操作员确认以空配置启动，须重新设置管理员密码</source>
+        <translation>The operator confirmed a start with an empty configuration; the administrator password must be set anew</translation>
+    </message>
+    <message>
+        <source>操作员取回配置副本 %1</source>
+        <translation>The operator took back the copy %1 of the configuration</translation>
+    </message>
+    <message>
+        <source>原配置文件另存为 %1</source>
+        <translation>The file of the configuration before is kept as %1</translation>
+    </message>
+    <message>
+        <source>程序</source>
+        <translation>Program</translation>
+    </message>
+    <message>
+        <source>进程号</source>
+        <translation>Process ID</translation>
+    </message>
+    <message>
+        <source>主机</source>
+        <translation>Host</translation>
+    </message>
+    <message>
+        <source>情况</source>
+        <translation>What is wrong</translation>
+    </message>
+    <message>
+        <source>文件</source>
+        <translation>File</translation>
+    </message>
+    <message>
+        <source>继续运行，不保存</source>
+        <translation>Go on, keep nothing</translation>
+    </message>
+    <message>
+        <source>数据目录</source>
+        <translation>Data directory</translation>
+    </message>
+    <message>
+        <source>系统信息</source>
+        <translation>System message</translation>
+    </message>
+    <message>
+        <source>恢复失败</source>
+        <translation>Could not be put back</translation>
+    </message>
+    <message>
+        <source>检查时间</source>
+        <translation>Checked at</translation>
+    </message>
+    <message>
+        <source>取回 %1 的副本（没有用户）</source>
+        <translation>Take back the copy of %1 (without users)</translation>
+    </message>
+    <message>
+        <source>取回 %1 的副本</source>
+        <translation>Take back the copy of %1</translation>
+    </message>
+    <message>
+        <source>没有可用的副本。可以以空配置启动，原来的文件会另存，不会删除。</source>
+        <translation>There is no good copy. The pendant can start with an empty configuration; the present file is kept aside, not deleted.</translation>
+    </message>
+    <message>
+        <source>以空配置启动…</source>
+        <translation>Start with an empty configuration…</translation>
+    </message>
+    <message>
+        <source>没有用户：必须重新设置管理员密码</source>
+        <translation>No users: the administrator password must be set anew</translation>
+    </message>
+    <message>
+        <source>原有的用户在本次运行中不能登录。启动后屏幕锁定，设置管理员密码后才能操作。此选择写入日志。</source>
+        <translation>The users that there were cannot log in during this run. The screen starts locked, until an administrator password is set. This choice is written to the log.</translation>
+    </message>
+    <message>
+        <source>原有的用户不再有效。启动后屏幕锁定，设置管理员密码后才能操作。此选择写入日志，原来的文件另存。</source>
+        <translation>The users that there were are gone. The screen starts locked, until an administrator password is set. This choice is written to the log; the present file is kept aside.</translation>
+    </message>
+    <message>
+        <source>返回</source>
+        <translation>Back</translation>
+    </message>
+    <message>
+        <source>磁盘可能已满或只读。可以继续运行：已有的用户和设置照常使用，但本次运行的更改不会保存。</source>
+        <translation>The disk may be full or read-only. The pendant can go on with the users and settings that there are, but nothing that is changed in this run is kept.</translation>
+    </message>
+    <message>
+        <source>继续运行，不保存日志</source>
+        <translation>Go on without a log</translation>
+    </message>
+    <message>
+        <source>可以在本次运行中使用一个副本，文件不会改动。</source>
+        <translation>A copy can be used for this run; the file is left as it is.</translation>
+    </message>
+    <message>
+        <source>没有可用的副本。可以在本次运行中使用空配置，文件不会改动。</source>
+        <translation>There is no good copy. An empty configuration can be used for this run; the file is left as it is.</translation>
+    </message>
+    <message>
+        <source>不带用户启动</source>
+        <translation>Start without users</translation>
+    </message>
+</context>
+<context>
     <name>StatusBar</name>
     <message>
         <source>用户：%1</source>
@@ -1207,6 +1397,14 @@ controller</translation>
     <message>
         <source>语言文件无法读取</source>
         <translation>The language file cannot be read</translation>
+    </message>
+    <message>
+        <source>⚠ 日志不保存</source>
+        <translation>⚠ Log not kept</translation>
+    </message>
+    <message>
+        <source>⚠ 数据不保存</source>
+        <translation>⚠ Nothing is kept</translation>
     </message>
     <message>
         <source>审计日志无法写入
@@ -1543,12 +1741,12 @@ old values shown</translation>
         <translation>Writing the configuration failed: %1</translation>
     </message>
     <message>
-        <source>无法创建目录 %1</source>
-        <translation>Cannot make the directory %1</translation>
-    </message>
-    <message>
         <source>无法打开 %1：%2</source>
         <translation>Cannot open %1: %2</translation>
+    </message>
+    <message>
+        <source>配置的当日副本无法写入：%1</source>
+        <translation>Today&apos;s copy of the configuration cannot be written: %1</translation>
     </message>
 </context>
 <context>

@@ -9,6 +9,8 @@
 #include <QApplication>
 #include <QTextStream>
 #include <algorithm>
+#include <csignal>
+#include <sys/stat.h>
 
 namespace {
 
@@ -25,10 +27,19 @@ void chooseScreen(int argc, char **argv)
         qputenv("QT_QPA_PLATFORM", "offscreen");
 }
 
+/// Files are for the user alone. One that reaches a limit on its size is a write that fails, as on
+/// a full disk, and not the end of the program.
+void guardFiles()
+{
+    umask(0077);
+    std::signal(SIGXFSZ, SIG_IGN);
+}
+
 } // namespace
 
 int main(int argc, char **argv)
 {
+    guardFiles();
     chooseScreen(argc, argv);
     QApplication application(argc, argv);
     QApplication::setApplicationName(QStringLiteral("pendant"));
@@ -37,11 +48,13 @@ int main(int argc, char **argv)
 
     QString error;
     const std::optional<Options> options = readOptions(QApplication::arguments(), &error);
-    Pendant pendant;
-    if (!options || !pendant.start(*options, &error)) {
+    if (!options) {
         QTextStream(stderr) << error << Qt::endl;
         return 2;
     }
+    Pendant pendant;
+    if (!pendant.start(*options, &error))
+        return 2;
     pendant.window()->show();
 
     int result = 0;

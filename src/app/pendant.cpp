@@ -10,39 +10,49 @@
 #include "printlog.h"
 #include "robot.h"
 #include "shell/technologywidget.h"
+#include "snackbarmessage.h"
+#include "statusbar.h"
 #include "useraccounts.h"
 #include "veltrixdatabase.h"
 #include "veltrixwidgetfoundation.h"
 
-#include <QDir>
+#include <QCoreApplication>
 
-bool Pendant::openStore(const Options &options, QString *error)
+namespace {
+
+constexpr int kDayCheck = 10 * 60 * 1000; // ms
+
+/// Where there is an operator, a page asks.
+Startup::Ask operatorOf(const Options &options)
 {
-    if (!QDir().mkpath(options.dataDirectory)) {
-        *error = QStringLiteral("The data directory %1 cannot be made.").arg(options.dataDirectory);
-        return false;
-    }
-    QString reason;
-    if (!VeltrixDatabase::getInstance()->open(options.dataDirectory, &reason)) {
-        *error = QStringLiteral("The configuration in %1 cannot be opened: %2.")
-                     .arg(options.dataDirectory, reason);
-        return false;
-    }
-    if (!PrintLog::open(options.dataDirectory)) {
-        *error = QStringLiteral("The log in %1 cannot be opened.").arg(options.dataDirectory);
-        return false;
-    }
-    AuditLog::getInstance()->open(options.dataDirectory);
-    VeltrixDatabase::getInstance()->loadAppConfigData();
-    JobStore::getInstance()->setDirectory(options.dataDirectory + QStringLiteral("/jobs"));
-    return true;
+    if (!options.tourDirectory.isEmpty())
+        return [](const QStringList &, const StartPage::Maker &) { return Startup::End; };
+    return [](const QStringList &languages, const StartPage::Maker &maker) {
+        StartPage page;
+        return page.ask(languages, maker, Startup::End);
+    };
 }
 
-bool Pendant::connectController(const Options &options, QString *error)
+} // namespace
+
+void Pendant::takeUpStore(const Options &options)
+{
+    VeltrixDatabase *database = VeltrixDatabase::getInstance();
+    AuditLog::getInstance()->open(options.dataDirectory);
+    database->loadAppConfigData();
+    database->keepDailyCopy();
+    QObject::connect(&m_daily, &QTimer::timeout, &m_daily,
+                     [database] { database->keepDailyCopy(); });
+    m_daily.start(kDayCheck);
+    JobStore::getInstance()->setDirectory(options.dataDirectory + QStringLiteral("/jobs"));
+}
+
+/// Without its controller the pendant is there all the same, and says why.
+void Pendant::connectController(const Options &options)
 {
     if (!options.isEmbedded()) {
         Robot::getInstance()->connectToController(options.controllerHost, options.controllerPort);
-        return true;
+        return;
     }
     SimulatedController::Options controller;
     controller.directory = options.dataDirectory;
@@ -53,13 +63,15 @@ bool Pendant::connectController(const Options &options, QString *error)
     QString reason;
     const quint16 port = m_controller.start(controller, &reason);
     if (port == 0) {
-        *error = QStringLiteral("The simulated controller does not start: %1.").arg(reason);
-        return false;
+        const QString text =
+            QCoreApplication::translate("Pendant", "模拟控制器无法启动：%1").arg(reason);
+        PrintLog::OutputToLog(text, 3);
+        SnackbarMessage::showStanding(text, 3);
+        return;
     }
     for (const KinematicRule &rule : options.kinematics)
         m_controller.controller()->setKinematicType(rule.robot, rule.type);
     Robot::getInstance()->connectToController(QStringLiteral("127.0.0.1"), port);
-    return true;
 }
 
 void Pendant::wirePages()
@@ -73,9 +85,9 @@ void Pendant::wirePages()
                      &VeltrixWidgetFoundation::showWidgetTitle);
     QObject::connect(m_pages, &TechnologyWidget::showJobFile, m_window,
                      &VeltrixWidgetFoundation::showJobs);
-    const auto backToMenu = [this] {
-        m_window->showContent(m_pages);
-        m_pages->return_mainPage();
+    const auto backToMenu = [window = m_window, pages = m_pages] {
+        window->showContent(pages);
+        pages->return_mainPage();
     };
     QObject::connect(hosted, &NewTechnologyWidget::backRequested, m_pages, backToMenu);
     // What a page shows belongs to one robot: another robot's values start from the menu.
@@ -89,8 +101,9 @@ void Pendant::wirePages()
 
 bool Pendant::start(const Options &options, QString *error)
 {
-    if (!openStore(options, error))
+    if (!m_startup.run(options, operatorOf(options), error))
         return false;
+    takeUpStore(options);
     if (options.language.isEmpty())
         Language::getInstance()->loadStored();
     else
@@ -107,7 +120,9 @@ bool Pendant::start(const Options &options, QString *error)
     });
     m_pages = TechnologyWidget::getInstance();
     wirePages();
-    return connectController(options, error);
+    m_window->statusBar()->setKeeps(m_startup.keeps());
+    connectController(options);
+    return true;
 }
 
 void Pendant::letGo()
@@ -119,7 +134,9 @@ void Pendant::stop()
 {
     Robot::getInstance()->disconnectFromController();
     m_controller.stop();
+    m_daily.stop();
     AuditLog::getInstance()->close();
-    PrintLog::close();
     VeltrixDatabase::getInstance()->close();
+    PrintLog::close();
+    m_startup.release();
 }

@@ -1,8 +1,11 @@
 #pragma once
 
 #include "app/options.h"
+#include "app/startup.h"
 
 #include "simulator/embeddedcontroller.h"
+
+#include <QTimer>
 
 class TechnologyWidget;
 class VeltrixWidgetFoundation;
@@ -11,7 +14,9 @@ class VeltrixWidgetFoundation;
 /// window and the process pages in it, wired together.
 class Pendant {
 public:
-    /// Starts everything; false with one sentence in `error` when something cannot be had.
+    /// Starts everything. What stands in the way is shown on a page of its own, where the operator
+    /// says how to go on; false when the program is to end, with a sentence on why in `error`.
+    /// Without an operator, on a tour, it ends at the first obstacle.
     bool start(const Options &options, QString *error);
     /// Takes the window from the screen, which lets go of every held key: the controller is told
     /// that nobody holds the enabling switch before the link ends.
@@ -23,10 +28,12 @@ public:
     TechnologyWidget *pages() const { return m_pages; }
 
 private:
-    bool openStore(const Options &options, QString *error);
-    bool connectController(const Options &options, QString *error);
+    void takeUpStore(const Options &options);
+    void connectController(const Options &options);
     void wirePages();
 
+    Startup m_startup;
+    QTimer m_daily; ///< looks whether a new day has come
     EmbeddedController m_controller;
     VeltrixWidgetFoundation *m_window = nullptr;
     TechnologyWidget *m_pages = nullptr;

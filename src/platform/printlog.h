@@ -11,5 +11,7 @@ public:
     /// Opens `<directory>/pendant.log`; until then lines go to the journal alone. False when the
     /// file cannot be opened.
     static bool open(const QString &directory);
+    /// Writes to the standard error instead, for a run in which no file can be written.
+    static void openStandardError();
     static void close();
 };

@@ -38,6 +38,7 @@ public:
     void showContent(QWidget *widget);
     /// The controller runs inside this program: marked on screen at all times.
     void setEmbeddedController(bool embedded);
+    StatusBar *statusBar() const { return m_statusBar; }
     EventPage *eventPage() const { return m_events; }
     JobPage *jobPage() const { return m_jobs; }
     IdleLock *idleLock() const { return m_idleLock; }

@@ -7,6 +7,7 @@
 
 #include <spdlog/logger.h>
 #include <spdlog/sinks/rotating_file_sink.h>
+#include <spdlog/sinks/stdout_sinks.h>
 
 #include <algorithm>
 #include <memory>
@@ -29,6 +30,17 @@ spdlog::level::level_enum spdlogLevel(int level)
     return levels[std::clamp(level, 0, 3)];
 }
 
+void writeTo(spdlog::sink_ptr sink)
+{
+    auto opened = std::make_shared<spdlog::logger>("pendant", std::move(sink));
+    opened->set_level(spdlog::level::debug);
+    opened->set_pattern("%Y-%m-%d %H:%M:%S.%e %l %v");
+    opened->flush_on(spdlog::level::warn);
+    // A full disk must neither stop the pendant nor fill its error stream.
+    opened->set_error_handler([](const std::string &) {});
+    logger() = opened;
+}
+
 } // namespace
 
 bool PrintLog::open(const QString &directory)
@@ -38,19 +50,18 @@ bool PrintLog::open(const QString &directory)
         return false;
     const QString path = QDir(directory).filePath(QStringLiteral("pendant.log"));
     try {
-        auto sink = std::make_shared<spdlog::sinks::rotating_file_sink_mt>(
-            QFile::encodeName(path).toStdString(), kFileBytes, kOldFiles);
-        auto opened = std::make_shared<spdlog::logger>("pendant", sink);
-        opened->set_level(spdlog::level::debug);
-        opened->set_pattern("%Y-%m-%d %H:%M:%S.%e %l %v");
-        opened->flush_on(spdlog::level::warn);
-        // A full disk must neither stop the pendant nor fill its error stream.
-        opened->set_error_handler([](const std::string &) {});
-        logger() = opened;
+        writeTo(std::make_shared<spdlog::sinks::rotating_file_sink_mt>(
+            QFile::encodeName(path).toStdString(), kFileBytes, kOldFiles));
     } catch (const spdlog::spdlog_ex &) {
         return false;
     }
     return true;
+}
+
+void PrintLog::openStandardError()
+{
+    close();
+    writeTo(std::make_shared<spdlog::sinks::stderr_sink_mt>());
 }
 
 void PrintLog::close()

@@ -21,6 +21,9 @@ public:
     /// its translation cannot be read.
     bool setCurrent(const QString &language);
 
+    /// The same without storing it, for the texts before the store is open.
+    bool show(const QString &language) { return apply(language); }
+
     /// Takes up the language of the last run.
     void loadStored();
 

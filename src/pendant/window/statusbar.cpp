@@ -10,12 +10,14 @@
 #include <QEvent>
 #include <QHBoxLayout>
 #include <QLabel>
+#include <QPalette>
 #include <QPushButton>
 #include <QTimer>
 
 StatusBar::StatusBar(QWidget *parent)
     : QWidget(parent), m_user(new QLabel(this)), m_audit(new QLabel(this)),
-      m_time(new QLabel(this)), m_language(new QPushButton(this)), m_clock(new QTimer(this))
+      m_notKept(new QLabel(this)), m_time(new QLabel(this)), m_language(new QPushButton(this)),
+      m_clock(new QTimer(this))
 {
     setObjectName(QStringLiteral("statusBar"));
     setFixedHeight(kHeight);
@@ -23,6 +25,12 @@ StatusBar::StatusBar(QWidget *parent)
     m_user->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
     m_audit->setObjectName(QStringLiteral("auditMark"));
     setUpWarningMark(m_audit);
+    m_notKept->setObjectName(QStringLiteral("statusNotKept"));
+    m_notKept->setAutoFillBackground(true);
+    m_notKept->setMargin(6);
+    QPalette marked = m_notKept->palette();
+    marked.setColor(QPalette::Window, QColor(0xff, 0xe0, 0x82));
+    m_notKept->setPalette(marked);
     m_time->setObjectName(QStringLiteral("statusTime"));
     m_language->setObjectName(QStringLiteral("languageButton"));
     m_language->setFocusPolicy(Qt::NoFocus);
@@ -33,6 +41,7 @@ StatusBar::StatusBar(QWidget *parent)
     row->setSpacing(12);
     row->addWidget(m_user, 1);
     row->addWidget(m_audit);
+    row->addWidget(m_notKept);
     row->addWidget(m_language);
     row->addWidget(m_time);
 
@@ -46,8 +55,16 @@ StatusBar::StatusBar(QWidget *parent)
     retranslate();
 }
 
+void StatusBar::setKeeps(Keeps keeps)
+{
+    m_keeps = keeps;
+    retranslate();
+}
+
 void StatusBar::retranslate()
 {
+    m_notKept->setVisible(m_keeps != Keeps::Everything);
+    m_notKept->setText(m_keeps == Keeps::NoLog ? tr("⚠ 日志不保存") : tr("⚠ 数据不保存"));
     m_user->setText(tr("用户：%1").arg(UserAccounts::getInstance()->currentUserText()));
     // The button names the language that it switches to, in that language.
     const bool chinese = Language::getInstance()->current() == QLatin1String("zh");
