@@ -8,12 +8,15 @@
 #include "link/messages.h"
 #include "wire/connection.h"
 
+#include <QDeadlineTimer>
 #include <QElapsedTimer>
+#include <QEventLoop>
 #include <QHostAddress>
 #include <QProcess>
 #include <QTcpServer>
 #include <QTcpSocket>
 #include <QTemporaryDir>
+#include <QTimer>
 #include <array>
 #include <cmath>
 #include <csignal>
@@ -25,6 +28,21 @@ namespace held {
 enum Motion { RunAxes, RunToPlace, JogAxis, JogPose, kMotions };
 constexpr const char *kMotionNames[] = {"run of the axes", "run to a place", "jog of an axis",
                                         "jog of the pose"};
+
+/// Waits without pausing between two looks, so that what is seen is seen at once; for a minute at
+/// most.
+template <typename Condition> bool waitFor(const Condition &condition)
+{
+    const QDeadlineTimer deadline(60000);
+    QTimer tick; // wakes the loop where nothing else does
+    tick.start(20);
+    while (!condition()) {
+        if (deadline.hasExpired())
+            return false;
+        QCoreApplication::processEvents(QEventLoop::AllEvents | QEventLoop::WaitForMoreEvents);
+    }
+    return true;
+}
 
 /// The `controller` program on a port of its own.
 struct ControllerProcess {
@@ -120,7 +138,7 @@ public:
     }
     bool waitFor(const QByteArray &line, int times = 1)
     {
-        return QTest::qWaitFor([&] { return said(line) >= times; }, 60000);
+        return held::waitFor([&] { return said(line) >= times; });
     }
 
 private:
@@ -164,7 +182,7 @@ public:
     Place placeFromNow()
     {
         const int wanted = m_answers + 2;
-        if (!QTest::qWaitFor([&] { return m_answers >= wanted; }, 60000))
+        if (!held::waitFor([&] { return m_answers >= wanted; }))
             qFatal("the controller does not answer");
         return m_place;
     }

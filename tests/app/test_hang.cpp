@@ -24,7 +24,6 @@ namespace {
 enum Harm { Stopped, Pulled, Killed, kHarms };
 constexpr const char *kHarmNames[] = {"stopped", "cut off", "killed"};
 
-constexpr int kPatience = 60000; // milliseconds; reached only when something is wrong
 constexpr int kStands = 500; // milliseconds and
 constexpr int kAnswers = 50; // answers of the same place: the arm stands
 constexpr double kMoved = 30.0; // mm: the arm is under way
@@ -148,7 +147,7 @@ public:
                 m_pendant = std::make_unique<held::PendantProcess>(
                     harm == Pulled ? m_cable.port() : m_controller.port);
                 if (!m_pendant->waitFor("ready"))
-                    return false;
+                    return complain("the pendant does not start");
             }
             m_watcher.home();
             const held::Watcher::Place home = m_watcher.place();
@@ -159,14 +158,14 @@ public:
                 return held::Watcher::distance(m_watcher.place(), home) > kMoved;
             };
             const auto hasLapsed = [&] { return m_pendant->said("said notRenewed") > before; };
-            if (!QTest::qWaitFor([&] { return isMoving() || hasLapsed(); }, kPatience))
-                return false;
+            if (!held::waitFor([&] { return isMoving() || hasLapsed(); }))
+                return complain("the arm does not move");
             if (!hasLapsed() && m_watcher.same() < 5)
                 return true;
             if (!rest())
                 return false;
         }
-        return false;
+        return complain("the machine is too slow to hold a switch");
     }
     Outcome suffer()
     {
@@ -182,7 +181,7 @@ public:
         const held::Watcher::Place at = m_watcher.placeFromNow();
         Outcome outcome;
         if (!stands())
-            return {1e9, kPatience, 0};
+            return {1e9, 0, 0}; // it goes on and on
         outcome.way = held::Watcher::distance(at, m_watcher.place());
         outcome.milliseconds = std::max<qint64>(0, since.elapsed() - m_watcher.standsFor());
         outcome.asked = since.elapsed() / std::max(1, m_watcher.answers() - answers);
@@ -198,34 +197,38 @@ public:
         else
             m_cable.setPulled(false);
         // on a machine that is slow enough the link is lost first, which lets go of everything too
-        return QTest::qWaitFor(
-            [&] {
-                return m_pendant->said("said notRenewed") > before
-                    || m_pendant->said("lost") > lost;
-            },
-            kPatience);
+        return held::waitFor([&] {
+                   return m_pendant->said("said notRenewed") > before
+                       || m_pendant->said("lost") > lost;
+               })
+            || complain("the pendant does not wake");
     }
     /// The operator lets all keys go.
     bool rest()
     {
         const int before = m_pendant->said("rests");
         m_pendant->tell("rest");
-        return m_pendant->waitFor("rests", before + 1);
+        return m_pendant->waitFor("rests", before + 1) || complain("the pendant does not rest");
     }
     bool hasPendant() const { return m_pendant != nullptr; }
     /// Waits until the arm stands, and has for a while from now on.
     bool stands()
     {
         const int from = m_watcher.answers();
-        return QTest::qWaitFor(
-            [&] {
-                return m_watcher.answers() > from + kAnswers && m_watcher.same() > kAnswers
-                    && m_watcher.standsFor() > kStands;
-            },
-            kPatience);
+        return held::waitFor([&] {
+                   return m_watcher.answers() > from + kAnswers && m_watcher.same() > kAnswers
+                       && m_watcher.standsFor() > kStands;
+               })
+            || complain("the arm does not stand");
     }
 
 private:
+    static bool complain(const char *sentence)
+    {
+        qWarning("%s", sentence);
+        return false;
+    }
+
     held::ControllerProcess m_controller;
     held::Cable m_cable{m_controller.port};
     held::Watcher m_watcher{m_controller.port};

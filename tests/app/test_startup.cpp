@@ -816,7 +816,7 @@ private slots:
         support::Journal journal;
         QVERIFY(start());
         QCOMPARE(App::sysUser, AUTHORITY_ADMINISTRATOR);
-        QTRY_VERIFY(journal.of("controller").contains(QVariantList{"storeDamaged"}));
+        QTRY_VERIFY(journal.of("controller").contains(QVariantList{"storeFailed"}));
         QVERIFY(Robot::getInstance()->isConnected());
     }
 };
