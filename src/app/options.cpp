@@ -6,6 +6,8 @@
 
 namespace {
 
+constexpr int kTourSwitchLasts = 60000; // milliseconds
+
 bool readAddress(const QString &address, Options *options)
 {
     const int colon = address.lastIndexOf(QLatin1Char(':'));
@@ -90,6 +92,7 @@ std::optional<Options> readOptions(const QStringList &arguments, QString *error)
         return std::nullopt;
     }
     options.tourDirectory = parser.value(tour);
+    options.switchLasts = parser.isSet(tour) ? kTourSwitchLasts : 0;
     if (parser.isSet(tour) && !options.isEmbedded()) {
         *error = QStringLiteral("--tour drives the embedded controller; it does not go with "
                                 "--controller.");

@@ -16,7 +16,8 @@ struct Options {
     QString language; ///< "zh", "en"; empty: the one of the last run
     std::vector<KinematicRule> kinematics; ///< of the embedded controller's robots
     /// Milliseconds from the last word of a held enabling switch to its lapse, in the embedded
-    /// controller; 0: its own. No option of the command line sets it.
+    /// controller; 0: its own. Longer on a tour: it has no operator whose hand could be missed, and
+    /// its arm is simulated, so a slow machine may take its time.
     int switchLasts = 0;
     bool specialProcessOnly = false; ///< the device that offers nothing but the special process
 

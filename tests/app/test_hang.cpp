@@ -277,6 +277,16 @@ private:
 private slots:
     void initTestCase() { QVERIFY2(m_scene.isGood(), "the controller has to be built first"); }
 
+    /// Only a tour, whose keys nobody's hand holds, is given longer.
+    void whoIsGivenLonger()
+    {
+        QString error;
+        const QString program = QStringLiteral("pendant");
+        QCOMPARE(readOptions({program}, &error)->switchLasts, 0);
+        QVERIFY(readOptions({program, QStringLiteral("--tour=pictures")}, &error)->switchLasts
+                > SimulatedController::Options().switchLasts);
+    }
+
     void theArmStands_data()
     {
         QTest::addColumn<int>("motion");
