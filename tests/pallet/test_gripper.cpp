@@ -338,6 +338,20 @@ private slots:
 
     // ---- frames ---------------------------------------------------------------------------------
 
+    /// Another robot has other tools: their frames are gone until its controller tells them.
+    void anotherRobot()
+    {
+        const QStringList told = QStringLiteral("1 2 3 4 5 6").split(QLatin1Char(' '));
+        const QStringList none = {QString(), QString(), QString(), QString(), QString(), QString()};
+        tellFrame(1, "1 2 3 4 5 6");
+        QCOMPARE(frame(1), told);
+        MoreRobot::setCurrentRobot(2);
+        QCOMPARE(frame(1), none);
+        QCOMPARE(frame(1, QStringLiteral("_2")), none);
+        tellFrame(2, "6 5 4 3 2 1"); // shows the others anew
+        QCOMPARE(frame(1), none);
+    }
+
     void frames()
     {
         setRows(4, {2, 4, 2, 8});

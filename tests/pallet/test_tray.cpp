@@ -287,6 +287,16 @@ private slots:
         }
     }
 
+    /// The points of another robot are not these, neither to be seen nor to be calculated with.
+    void pointsOfTheRobotBefore()
+    {
+        for (const char *point : {"O", "X", "Y"})
+            tellPoint(point, "1,2,3,4,5,6");
+        MoreRobot::setCurrentRobot(2);
+        for (const char *point : kPoints)
+            QCOMPARE(values(point).join(QString()), QString());
+    }
+
     void pointsOfOtherNames()
     {
         const QStringList dashes = QStringLiteral("-,-,-,-,-,-").split(QLatin1Char(','));
