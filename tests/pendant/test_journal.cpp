@@ -11,6 +11,8 @@
 #include <QPlainTextEdit>
 #include <QTableView>
 #include <QTemporaryDir>
+#include <algorithm>
+#include <numeric>
 
 namespace {
 
@@ -27,6 +29,26 @@ QStringList contents(const QAbstractItemModel *model)
 void recordMessage(int id, const QByteArray &body = "{}\n")
 {
     journal->record(QStringLiteral("message"), {id, body});
+}
+
+/// The counts of the kept entries, oldest first.
+QVector<int> counts()
+{
+    QVector<int> all;
+    for (const EventLog::Entry &entry : journal->entries())
+        all += entry.count;
+    return all;
+}
+
+/// A chunk of a list as the pages send it.
+QByteArray chunk(int start, int count, int sum, const QByteArray &item = "{\"X\":1.5}")
+{
+    QByteArray items = item;
+    for (int i = 1; i < count; ++i)
+        items += ',' + item;
+    return "{\"craftID\":1,\"pallet\":{\"count\":" + QByteArray::number(count) + ",\"eachVec\":["
+        + items + "],\"start\":" + QByteArray::number(start) + ",\"sum\":" + QByteArray::number(sum)
+        + "},\"robot\":1}\n";
 }
 
 } // namespace
@@ -98,6 +120,175 @@ private slots:
                  QStringLiteral("log\t设置\\t抓手\\n信息\\\\ · 1"));
     }
 
+    void aPollIsOneEntryWithACount()
+    {
+        QSignalSpy told(journal, &EventLog::recorded);
+        for (int i = 0; i < 5000; ++i)
+            recordMessage(0x2f07, "{\"coord\":1,\"robot\":1}\n");
+        QCOMPARE(counts(), QVector<int>{5000});
+        QCOMPARE(static_cast<int>(told.count()), 5000);
+        const EventLog::Entry first = journal->entries().front();
+        QVERIFY(first.lastTime >= first.time);
+        // Another body is news, and so is the first one again.
+        recordMessage(0x2f07, "{\"coord\":0,\"robot\":1}\n");
+        recordMessage(0x2f07, "{\"coord\":1,\"robot\":1}\n");
+        QCOMPARE(counts(), QVector<int>({5000, 1, 1}));
+        QCOMPARE(journal->entries().back().number, first.number + 2);
+    }
+
+    void theTimesAreThoseOfTheFirstAndTheLast()
+    {
+        recordMessage(0x2f07);
+        const QDateTime first = journal->entries().front().time;
+        QTRY_VERIFY(QDateTime::currentDateTimeUtc() > first);
+        recordMessage(0x2f07);
+        QCOMPARE(journal->entries().front().time, first);
+        QVERIFY(journal->entries().front().lastTime > first);
+    }
+
+    void pollsThatTakeTurns_data()
+    {
+        QTest::addColumn<int>("length");
+        QTest::addColumn<bool>("folds");
+        QTest::newRow("two") << 2 << true;
+        QTest::newRow("three") << 3 << true;
+        QTest::newRow("as many as a cycle has") << EventLog::kCycle << true;
+        QTest::newRow("more") << EventLog::kCycle + 1 << false;
+    }
+    void pollsThatTakeTurns()
+    {
+        QFETCH(int, length);
+        QFETCH(bool, folds);
+        for (int i = 0; i < 100 * length; ++i)
+            recordMessage(0x2f00 + i % length);
+        const QVector<int> each = counts();
+        QCOMPARE(static_cast<int>(each.size()), folds ? 2 * length - 1 : 100 * length);
+        QCOMPARE(std::accumulate(each.begin(), each.end(), 0), 100 * length);
+    }
+
+    /// Which of two settings was sent last is seen.
+    void whatComesBackIsNoCycle()
+    {
+        recordMessage(0x4601, "1");
+        recordMessage(0x4601, "2");
+        recordMessage(0x4601, "1");
+        QCOMPARE(counts(), QVector<int>({1, 1, 1}));
+    }
+
+    void otherKindsAreNeverFolded()
+    {
+        for (int i = 0; i < 3; ++i)
+            journal->record(QStringLiteral("log"), {QStringLiteral("行"), 1});
+        QCOMPARE(counts(), QVector<int>({1, 1, 1}));
+        recordMessage(0x4601);
+        journal->record(QStringLiteral("log"), {QStringLiteral("行"), 1});
+        recordMessage(0x4601); // something happened in between
+        QCOMPARE(counts(), QVector<int>({1, 1, 1, 1, 1, 1}));
+    }
+
+    /// A page that polls without a controller: each message is refused.
+    void refusedPollsFoldToo()
+    {
+        for (int i = 0; i < 500; ++i) {
+            recordMessage(0x2f07);
+            journal->record(QStringLiteral("link"),
+                            {QStringLiteral("refused"), QStringLiteral("0x2f07")});
+        }
+        QCOMPARE(static_cast<int>(journal->entries().size()), 3);
+    }
+
+    /// What differs behind the part that is kept is not the same.
+    void cutBodiesAreNotCompared()
+    {
+        const QByteArray body(EventLog::kKeptBytes, 'x');
+        recordMessage(0x4601, body + "1");
+        recordMessage(0x4601, body + "2");
+        recordMessage(0x4601, body);
+        QCOMPARE(counts(), QVector<int>({1, 1, 1}));
+    }
+
+    void aBulkTransferIsOneEntry()
+    {
+        for (int start = 1; start <= 9999; start += 10)
+            recordMessage(0x4232, chunk(start, std::min(10, 9999 - start + 1), 9999));
+        QCOMPARE(counts(), QVector<int>{1000});
+        QVERIFY(journal->entries().front().values.at(1).toByteArray().contains("\"start\":1,"));
+        // The same list once more is another transfer, and a gap belongs to none.
+        recordMessage(0x4232, chunk(1, 10, 9999));
+        recordMessage(0x4232, chunk(11, 10, 9999));
+        recordMessage(0x4232, chunk(31, 10, 9999));
+        recordMessage(0x4213, chunk(41, 10, 9999));
+        recordMessage(0x4213, chunk(51, 10, 9998));
+        QCOMPARE(counts(), QVector<int>({1000, 2, 1, 1, 1}));
+    }
+
+    void longChunksFoldAsShortOnes()
+    {
+        const QByteArray item = "{\"X\":1.5" + QByteArray(400, '0') + "}";
+        recordMessage(0x4213, chunk(1, 10, 20, item));
+        recordMessage(0x4213, chunk(11, 10, 20, item));
+        QCOMPARE(counts(), QVector<int>{2});
+        QCOMPARE(static_cast<int>(journal->entries().front().values.at(1).toByteArray().size()),
+                 EventLog::kKeptBytes);
+    }
+
+    void theRingCountsFoldedEntries()
+    {
+        journal->setCapacity(3);
+        for (int i = 0; i < 4; ++i) {
+            journal->record(QStringLiteral("delay"), {i});
+            for (int poll = 0; poll < 10; ++poll)
+                recordMessage(0x2f07);
+        }
+        QCOMPARE(counts(), QVector<int>({10, 1, 10}));
+        journal->setCapacity(1); // and a cycle whose entries are gone begins anew
+        for (int i = 0; i < 8; ++i)
+            recordMessage(0x2f00 + i % 2);
+        QCOMPARE(static_cast<int>(journal->entries().size()), 1);
+    }
+
+    void exportTellsHowOftenAndWhenLast()
+    {
+        recordMessage(0x2f07);
+        recordMessage(0x2f07);
+        recordMessage(0x4602);
+        const QTemporaryDir directory;
+        const QString path = directory.filePath(QStringLiteral("events.txt"));
+        QVERIFY(journal->exportText(path));
+        QFile file(path);
+        QVERIFY(file.open(QIODevice::ReadOnly));
+        const QStringList lines = QString::fromUtf8(file.readAll()).split(QLatin1Char('\n'));
+        const QStringList folded = lines[0].split(QLatin1Char('\t'));
+        QCOMPARE(static_cast<int>(folded.size()), 6);
+        QCOMPARE(folded[4], QStringLiteral("×2"));
+        QCOMPARE(QDateTime::fromString(folded[5], Qt::ISODateWithMs).toMSecsSinceEpoch(),
+                 journal->entries().front().lastTime.toMSecsSinceEpoch());
+        QCOMPARE(static_cast<int>(lines[1].split(QLatin1Char('\t')).size()), 4);
+    }
+
+    void countsGrowOnScreen()
+    {
+        EventModel model;
+        model.setMessageNames([](quint16) { return QStringLiteral("GetCurrentPosition"); });
+        recordMessage(0x2f07);
+        model.refresh();
+        QCOMPARE(contents(&model), QStringList{QStringLiteral("GetCurrentPosition 0x2f07 · {}")});
+        QSignalSpy changed(&model, &QAbstractItemModel::dataChanged);
+        for (int i = 0; i < 122; ++i)
+            recordMessage(0x2f07);
+        journal->record(QStringLiteral("delay"), {1});
+        QTRY_VERIFY(changed.count() > 0);
+        QCOMPARE(contents(&model),
+                 QStringList(
+                     {QStringLiteral("1"), QStringLiteral("×123 GetCurrentPosition 0x2f07 · {}")}));
+        const QModelIndex last = changed.last().at(1).toModelIndex();
+        QCOMPARE(last.row(), 1);
+        const QString text = model.fullText(1);
+        const EventLog::Entry &entry = journal->entries().front();
+        for (const QDateTime &time : {entry.time, entry.lastTime})
+            QVERIFY(text.contains(time.toLocalTime().toString(QStringLiteral("HH:mm:ss.zzz"))));
+    }
+
     void theOldestExportsGo()
     {
         const QTemporaryDir directory;
@@ -150,7 +341,7 @@ private slots:
         const int before = model.refreshCount();
         QSignalSpy inserted(&model, &QAbstractItemModel::rowsInserted);
         for (int i = 0; i < 1000; ++i)
-            recordMessage(0x4601);
+            recordMessage(0x4601, QByteArray::number(i));
         QCOMPARE(model.rowCount(), 0);
         QTRY_COMPARE(model.rowCount(), 1000);
         QCOMPARE(model.refreshCount(), before + 1);

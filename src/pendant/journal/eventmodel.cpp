@@ -175,16 +175,27 @@ void EventModel::refresh()
     }
     if (removes || !fresh.empty())
         ++m_refreshes;
+    tellCounts(fresh.size());
+}
+
+/// New records may have been folded into the newest of the rows that were there before.
+void EventModel::tellCounts(std::size_t fresh)
+{
+    constexpr std::size_t kFolding = 2 * EventLog::kCycle;
+    const std::size_t rows = std::min(m_rows.size(), fresh + kFolding);
+    if (rows > 0)
+        emit dataChanged(index(0, Content), index(static_cast<int>(rows) - 1, Content));
 }
 
 QString EventModel::content(std::size_t position) const
 {
     const EventLog::Entry &entry = journal()[position];
-    if (!m_names || !hasMessageId(entry))
-        return EventLog::valuesText(entry);
-    const QString name = m_names(static_cast<quint16>(entry.values.first().toUInt()));
-    const QString text = EventLog::valuesText(entry);
-    return name.isEmpty() ? text : name + QLatin1Char(' ') + text;
+    QString name;
+    if (m_names && hasMessageId(entry))
+        name = m_names(static_cast<quint16>(entry.values.first().toUInt()));
+    QStringList parts{EventLog::countText(entry), name, EventLog::valuesText(entry)};
+    parts.removeAll(QString());
+    return parts.join(QLatin1Char(' '));
 }
 
 QString EventModel::fullText(int row) const
@@ -194,8 +205,11 @@ QString EventModel::fullText(int row) const
     const std::size_t position = positionOf(m_rows[static_cast<std::size_t>(row)]);
     if (position >= journal().size())
         return {};
-    const QString time =
-        journal()[position].time.toLocalTime().toString(QStringLiteral("yyyy-MM-dd HH:mm:ss.zzz"));
+    const EventLog::Entry &entry = journal()[position];
+    const QString format = QStringLiteral("yyyy-MM-dd HH:mm:ss.zzz");
+    QString time = entry.time.toLocalTime().toString(format);
+    if (entry.count > 1)
+        time += QStringLiteral(" – ") + entry.lastTime.toLocalTime().toString(format);
     return time + QLatin1Char('\n') + content(position);
 }
 

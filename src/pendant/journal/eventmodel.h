@@ -7,7 +7,9 @@
 
 class QTimer;
 
-/// The journal as a table, newest entry first, filtered by kind and message id.
+/// The journal as a table, newest entry first, filtered by kind and message id. An entry that
+/// stands for several records has their count before its content ("×123") and the time of the
+/// first.
 ///
 /// New entries are taken over in one step per refresh, at most every 100 ms, however many there
 /// are; while paused none are, and resuming takes over what came meanwhile.
@@ -33,7 +35,8 @@ public:
     void refresh();
     /// How often rows were taken over or removed.
     int refreshCount() const { return m_refreshes; }
-    /// The whole entry of a row as text: date and time, then what the content column shows.
+    /// The whole entry of a row as text: date and time, of the first and the last record when it
+    /// stands for several, then what the content column shows.
     QString fullText(int row) const;
     void retranslate();
 
@@ -44,6 +47,7 @@ public:
 
 private:
     void rebuild();
+    void tellCounts(std::size_t fresh);
     bool shows(std::size_t position) const;
     QString content(std::size_t position) const;
     /// Position in the journal of the entry of this number; the journal's size when it is gone.

@@ -107,6 +107,7 @@ EventPage::EventPage(QWidget *parent)
             &EventPage::showDetail);
     connect(m_model, &QAbstractItemModel::modelReset, this, &EventPage::refreshCount);
     connect(m_model, &QAbstractItemModel::modelReset, this, &EventPage::showDetail);
+    connect(m_model, &QAbstractItemModel::dataChanged, this, &EventPage::showDetail);
     connect(m_model, &QAbstractItemModel::rowsInserted, this, &EventPage::refreshCount);
     connect(m_model, &QAbstractItemModel::rowsRemoved, this, &EventPage::refreshCount);
     m_model->setPaused(true);
@@ -141,7 +142,9 @@ QString EventPage::exportJournal()
 
 void EventPage::showDetail()
 {
-    m_detail->setPlainText(m_model->fullText(m_table->currentIndex().row()));
+    const QString text = m_model->fullText(m_table->currentIndex().row());
+    if (text != m_detail->toPlainText()) // it keeps what the operator has scrolled to
+        m_detail->setPlainText(text);
 }
 
 void EventPage::refreshCount()
