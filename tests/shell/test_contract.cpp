@@ -163,6 +163,17 @@ constexpr const char *kSlots[] = {
     "changeVerticalAlignmentBtnState()",
     "changeLevelsAutoAlignmentBtnState()",
     "changePoseAutorotationBtnState()",
+    "palletPlaneModelWidget()",
+    "changePlanePicturesNum()",
+    "planeTemplateSelectionWidget()",
+    "updatePalletPlaneModel(QByteArray)",
+    "updatePalletChangeModel(QByteArray)",
+    "ranksWholeRotate()",
+    "crisscrossWholeRotate()",
+    "huiTypeWholeRotate()",
+    "modifyPlane()",
+    "ranksToCustom()",
+    "on_planeModifyBtn_clicked()",
     "palletCreatedFileWidget1()",
     "palletCreatedFileWidget2()",
     "palletCreatedFileWidget3()",
@@ -275,6 +286,25 @@ private slots:
     {
         for (const char *signature : kSlots)
             QVERIFY2(isSlot(TechnologyWidget::staticMetaObject, signature), signature);
+    }
+
+    /// Whoever adds a slot adds it to the list, so that taking one away shows up later.
+    void everySlotIsListed()
+    {
+        std::set<QByteArray> listed;
+        for (const char *signature : kSlots)
+            QVERIFY2(listed.insert(QMetaObject::normalizedSignature(signature)).second, signature);
+        const QMetaObject &object = TechnologyWidget::staticMetaObject;
+        std::size_t found = 0;
+        for (int i = object.methodOffset(); i < object.methodCount(); ++i) {
+            const QMetaMethod method = object.method(i);
+            if (method.methodType() != QMetaMethod::Slot || method.access() != QMetaMethod::Public)
+                continue;
+            ++found;
+            QVERIFY2(listed.count(method.methodSignature()) == 1,
+                     method.methodSignature().constData());
+        }
+        QCOMPARE(found, listed.size());
     }
 
     void technologySignals()
