@@ -100,6 +100,14 @@
         <source>未执行：%1 正在控制机器人</source>
         <translation>Not done: %1 has control of the robots</translation>
     </message>
+    <message>
+        <source>控制器拒绝了该设置</source>
+        <translation>Setting refused by the controller</translation>
+    </message>
+    <message>
+        <source>控制器拒绝了该设置：%1</source>
+        <translation>Setting refused by the controller: %1</translation>
+    </message>
 </context>
 <context>
     <name>EntryPanel</name>

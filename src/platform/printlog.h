@@ -5,8 +5,11 @@
 /// The pendant's running log: a rotating text file.
 class PrintLog {
 public:
-    /// Writes one line. `level`: 0 debug, 1 information, 2 warning, 3 error.
+    /// Writes one line of a page, which stands in the journal too ("log"). `level`: 0 debug,
+    /// 1 information, 2 warning, 3 error.
     static void OutputToLog(const QString &text, int level);
+    /// Writes one line of the pendant itself, into the file alone.
+    static void writeLine(const QString &text, int level);
 
     /// Opens `<directory>/pendant.log`; until then lines go to the journal alone. False when the
     /// file cannot be opened.

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "simulator/arm.h"
+#include "simulator/refusals.h"
 
 #include <QElapsedTimer>
 #include <json/json.h>
@@ -20,5 +21,7 @@ struct Session {
     int robot = 1; ///< the one it works with; messages that name no robot are about this one
     Jog jog; ///< what was last asked for
     LayoutTransfer transfer;
+    bool isTold = false; ///< it was told a word of the message that is carried out
+    Refusals refusals;
     QElapsedTimer sinceStoreWord; ///< since it was last told of the store; invalid: never was
 };

@@ -178,8 +178,12 @@ void SimulatedController::take(wire::Connection *connection, quint16 id, const Q
         ++m_received[id];
     }
     const QPointer<wire::Connection> alive(connection);
+    if (Pendant *pendant = find(connection))
+        pendant->session.isTold = false;
     if (const char *wrong = carryOut(connection, id, body)) {
         add(Count::Refused, 1);
+        if (Pendant *pendant = find(connection))
+            tellOfRefusal(*pendant, id, wrong);
         emit messageRefused(id, QString::fromLatin1(wrong));
     }
     if (alive && faultFor(id, false) == Fault::Cut)
@@ -216,6 +220,7 @@ const char *SimulatedController::carryOut(wire::Connection *connection, quint16 
                     pendant->session,
                     m_cell,
                     [this, pendant, &parsed](const char *word) {
+                        pendant->session.isTold = true;
                         sendStatus(*pendant, envelope::robot(*parsed).value_or(0), word);
                     },
                     m_jobs};
@@ -359,19 +364,22 @@ void SimulatedController::sendStatus()
         sendStatus(pendant);
 }
 
-/// With a word, that word is about `robot`, or about the pendant's own robot for 0.
-void SimulatedController::sendStatus(const Pendant &pendant, int robot, const char *word)
+Json::Value SimulatedController::statusOf(const Pendant &pendant, int robot) const
 {
-    const int about = robot == 0 ? pendant.session.robot : robot;
     Json::Value status;
-    status["robot"] = about;
+    status["robot"] = robot;
     status["servo"] = m_cell.servo() ? kServoOn : kServoOff;
     status["deadman"] = m_cell.holdsSwitch(pendant.session.number) ? 1 : 0;
     status["teachMode"] = m_cell.mode();
-    {
-        const QMutexLocker lock(&m_mutex);
-        status["kinematicType"] = m_kinematicTypes.at(static_cast<size_t>(about - 1));
-    }
+    const QMutexLocker lock(&m_mutex);
+    status["kinematicType"] = m_kinematicTypes.at(static_cast<size_t>(robot - 1));
+    return status;
+}
+
+/// With a word, that word is about `robot`, or about the pendant's own robot for 0.
+void SimulatedController::sendStatus(const Pendant &pendant, int robot, const char *word)
+{
+    Json::Value status = statusOf(pendant, robot == 0 ? pendant.session.robot : robot);
     if (word) {
         status["message"] = word;
         if (std::string_view(word) == armword::kControlHeld)

@@ -120,6 +120,8 @@ private:
     Fault faultFor(quint16 id, bool forReply, int *milliseconds = nullptr);
     void sendStatus();
     void sendStatus(const Pendant &pendant, int robot = 0, const char *word = nullptr);
+    Json::Value statusOf(const Pendant &pendant, int robot) const;
+    void tellOfRefusal(Pendant &pendant, quint16 id, const char *reason); // refusals.cpp
     void add(Count count, int number);
     int value(Count count) const;
 

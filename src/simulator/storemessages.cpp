@@ -47,6 +47,7 @@ void SimulatedController::greetOfStore(Pendant &pendant)
 
 void SimulatedController::tellOfStore(Pendant &pendant, const char *word)
 {
+    pendant.session.isTold = true;
     QElapsedTimer &since = pendant.session.sinceStoreWord;
     if (since.isValid() && !since.hasExpired(kBetweenWords))
         return;

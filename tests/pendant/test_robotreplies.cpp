@@ -2,12 +2,16 @@
 
 #include "eventlog.h"
 #include "morerobot.h"
+#include "printlog.h"
 #include "robot.h"
 #include "wire/ids.h"
 #include "wire/json.h"
 
+#include <QElapsedTimer>
+#include <QFile>
 #include <QMetaMethod>
 #include <QSignalSpy>
+#include <QTemporaryDir>
 #include <QtTest>
 #include <memory>
 #include <vector>
@@ -343,6 +347,94 @@ private slots:
         QCOMPARE(said.count(), 1);
         QCOMPARE(said.first().first().toString(), text);
     }
+    void refusalsAreTold_data()
+    {
+        QTest::addColumn<QByteArray>("keys");
+        QTest::addColumn<QString>("text");
+        QTest::addColumn<QString>("id");
+        const QString bare = QStringLiteral("控制器拒绝了该设置");
+        const QString why = QStringLiteral("控制器拒绝了该设置：%1");
+        QTest::newRow("whole") << QByteArray(",\"id\":17921,\"reason\":\"cycle\"")
+                               << why.arg(QStringLiteral("cycle")) << QStringLiteral("0x4601");
+        QTest::newRow("neither") << QByteArray() << bare << QString();
+        QTest::newRow("other types")
+            << QByteArray(",\"id\":\"x\",\"reason\":[1]") << bare << QString();
+        QTest::newRow("no such id") << QByteArray(",\"id\":65536,\"reason\":\"a\"")
+                                    << why.arg(QStringLiteral("a")) << QString();
+        QTest::newRow("negative id") << QByteArray(",\"id\":-1") << bare << QString();
+        QTest::newRow("controls") << QByteArray(",\"reason\":\"b\\u0000\\n\\u202ec\\u001b\"")
+                                  << why.arg(QStringLiteral("bc")) << QString();
+        QTest::newRow("a place for a number")
+            << QByteArray(",\"reason\":\"%1 %2\"") << why.arg(QStringLiteral("%1 %2")) << QString();
+        QTest::newRow("long") << QByteArray(",\"reason\":\"") + QByteArray(5000, 'x') + "\""
+                              << why.arg(QString(60, QLatin1Char('x'))) << QString();
+    }
+    void refusalsAreTold()
+    {
+        QFETCH(QByteArray, keys);
+        QFETCH(QString, text);
+        QFETCH(QString, id);
+        const QTemporaryDir directory;
+        QVERIFY(PrintLog::open(directory.path()));
+        QSignalSpy said(robot, &Robot::controllerSaid);
+        QSignalSpy recorded(EventLog::getInstance(), &EventLog::recorded);
+        const auto isTold = [&] { // not while those of the tests before count as a flood
+            recorded.clear();
+            status("{\"robot\":1,\"message\":\"refused\"" + keys + "}");
+            return said.count() == 1;
+        };
+        QTRY_VERIFY(isTold());
+        PrintLog::close();
+        QCOMPARE(said.first().first().toString(), text);
+
+        // The journal of the pages has no line of it; the log file has.
+        QCOMPARE(recorded.count(), 2);
+        QCOMPARE(recorded.at(0).at(0).toString(), QStringLiteral("controller"));
+        const QVariantList values = recorded.at(0).at(1).toList();
+        QCOMPARE(values.at(0).toString(), QStringLiteral("refused"));
+        QCOMPARE(values.at(1).toString(), id);
+        QVERIFY(values.at(2).toString().size() <= 200);
+        QCOMPARE(recorded.at(1).at(0).toString(), QStringLiteral("toast"));
+        QCOMPARE(recorded.at(1).at(1).toList().at(0).toString(), text);
+        QFile log(directory.filePath(QStringLiteral("pendant.log")));
+        QVERIFY(log.open(QIODevice::ReadOnly));
+        const QString line = QString::fromUtf8(log.readAll());
+        QVERIFY2(line.contains(QStringLiteral(" warning ") + text), qPrintable(line));
+        QCOMPARE(line.count(QLatin1Char('\n')), 1);
+        QVERIFY(id.isEmpty() || line.contains(id));
+    }
+
+    void aFloodOfRefusalsIsShownOnceASecond()
+    {
+        constexpr int kFlood = 500;
+        QSignalSpy said(robot, &Robot::controllerSaid);
+        const auto isShown = [&](const QByteArray &reason) {
+            const auto before = said.count();
+            status("{\"robot\":1,\"message\":\"refused\",\"id\":17921,\"reason\":\"" + reason
+                   + "\"}");
+            return said.count() > before;
+        };
+        QElapsedTimer time;
+        time.start();
+        EventLog::getInstance()->clear();
+        int shown = 0;
+        for (int i = 0; i < kFlood; ++i)
+            shown += isShown("flood") ? 1 : 0;
+        QVERIFY(shown <= 1 + time.elapsed() / 1000);
+        int counted = 0;
+        for (const EventLog::Entry &entry : EventLog::getInstance()->entries())
+            counted += entry.kind == QLatin1String("controller") ? entry.count : 0;
+        QCOMPARE(counted, kFlood);
+        // It is shown again later, and so is another reason, but not hundreds of them.
+        QTRY_VERIFY(isShown("flood"));
+        QTRY_VERIFY(isShown("another"));
+        time.restart();
+        shown = 0;
+        for (int i = 0; i < kFlood; ++i)
+            shown += isShown("reason " + QByteArray::number(i)) ? 1 : 0;
+        QVERIFY(shown <= 5 * (1 + time.elapsed() / 1000));
+    }
+
     void theNameIsForThatWordAlone()
     {
         QSignalSpy said(robot, &Robot::controllerSaid);

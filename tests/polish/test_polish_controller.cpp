@@ -229,6 +229,29 @@ private slots:
         QVERIFY(page.texts() != kOld);
     }
 
+    /// A save that the page lets through and the controller does not: the page goes on as after
+    /// every save, and the pendant says what became of it.
+    void aRefusedSaveIsTold()
+    {
+        const support::PolishPage page(pages);
+        show(page, 2);
+        page.number()->setCurrentIndex(-1);
+        QVERIFY(settled(kGetPolish, 1));
+        const int refused = controller()->refused();
+        support::Journal journal;
+        save(page, kValues);
+        QCOMPARE(controller()->refused(), refused + 1);
+        const QString text = QStringLiteral("控制器拒绝了该设置：craftID");
+        QTRY_VERIFY(journal.toasts().contains(text));
+        const QVariantList told = journal.of("controller").last();
+        QCOMPARE(told,
+                 QVariantList({QStringLiteral("refused"), QStringLiteral("0x4601"),
+                               QStringLiteral("craftID")}));
+        QVERIFY(page.isViewing());
+        QCOMPARE(page.texts(), kValues);
+        show(page, 2);
+    }
+
     void faults_data()
     {
         QTest::addColumn<int>("fault");

@@ -49,6 +49,7 @@ struct OtherPendant {
     Json::Value status; ///< the last one
     int statuses = 0;
     QStringList words; ///< what was said to the operator
+    Json::Value told; ///< the last status with a word
     QString holder; ///< who was last said to have control
     int replies = 0;
 
@@ -57,8 +58,10 @@ private:
     {
         status = body;
         ++statuses;
-        if (const std::optional<QString> word = wire::text(body, "message"))
+        if (const std::optional<QString> word = wire::text(body, "message")) {
             words.append(*word);
+            told = body;
+        }
         holder = wire::text(body, "holder").value_or(holder);
     }
 };

@@ -14,6 +14,9 @@
 namespace {
 
 const QByteArray kGet = "{\"craftID\":3,\"robot\":1}\n";
+/// Refused because of its "cycle".
+const QByteArray kNegativeCycle =
+    "{\"craftID\":3,\"polish\":{\"autoFeed\":{\"cycle\":-1}},\"robot\":1}\n";
 
 } // namespace
 
@@ -403,6 +406,68 @@ private slots:
         waits.status = Json::Value();
         QTRY_VERIFY(!waits.status.isNull());
         QCOMPARE(waits.replies, 0);
+    }
+
+    void aRefusalIsToldToItsSender()
+    {
+        Desk desk;
+        OtherPendant sender(desk.controller->port());
+        OtherPendant beside(desk.controller->port());
+        QTRY_VERIFY(sender.connection->isOpen() && beside.connection->isOpen());
+        sender.key("robot", 2); // it is told of the robot that it works with, whatever it has sent
+        sender.connection->send(message::SetPolish, kNegativeCycle);
+        QTRY_COMPARE(sender.words, QStringList{QStringLiteral("refused")});
+        QCOMPARE(wire::integer(sender.told, "id"), int(message::SetPolish));
+        QCOMPARE(wire::text(sender.told, "reason"), QStringLiteral("cycle"));
+        QCOMPARE(wire::integer(sender.told, "robot"), 2);
+        sender.connection->send(message::SetPolish, "{");
+        QTRY_COMPARE(static_cast<int>(sender.words.size()), 2);
+        QCOMPARE(wire::text(sender.told, "reason"), QStringLiteral("the body is no JSON object"));
+
+        beside.status = Json::Value();
+        QTRY_VERIFY(!beside.status.isNull());
+        QCOMPARE(beside.words, QStringList());
+    }
+
+    void aFloodOfRefusalsIsToldOnceASecond()
+    {
+        Desk desk;
+        OtherPendant pendant(desk.controller->port());
+        QTRY_VERIFY(pendant.connection->isOpen());
+        QElapsedTimer time;
+        time.start();
+        constexpr int kFlood = 1000;
+        for (int i = 0; i < kFlood; ++i)
+            pendant.connection->send(message::SetPolish, kNegativeCycle);
+        QTRY_COMPARE(desk.controller->refused(), kFlood);
+        const int statuses = pendant.statuses;
+        QTRY_VERIFY(pendant.statuses > statuses + 1);
+        QVERIFY(!pendant.words.isEmpty());
+        QVERIFY(pendant.words.size() <= 1 + time.elapsed() / Refusals::kBetween);
+        // Another reason is no flood, and neither is the same one later.
+        pendant.connection->send(message::SetPolish, "{\"craftID\":3,\"robot\":1}");
+        QTRY_COMPARE(wire::text(pendant.told, "reason"), QStringLiteral("polish"));
+        const auto isToldAgain = [&] {
+            pendant.connection->send(message::SetPolish, kNegativeCycle);
+            return wire::text(pendant.told, "reason") == QLatin1String("cycle");
+        };
+        QTRY_VERIFY(isToldAgain());
+    }
+
+    /// A key, and a message that has a word of its own, is not told twice.
+    void whatHasAWordOfItsOwnIsNoRefusal()
+    {
+        Desk desk;
+        OtherPendant pendant(desk.controller->port());
+        QTRY_VERIFY(pendant.connection->isOpen());
+        pendant.key("servo", 7);
+        pendant.key("nonsense", 1);
+        pendant.connection->send(
+            message::RunToPoint,
+            "{\"robot\":1,\"type\":1,\"position\":{\"values\":[0,0,0,0,0,0,0,1,2,3,4,5,6,0]}}");
+        QTRY_COMPARE(pendant.words, QStringList{QString::fromLatin1(armword::kNotEnabled)});
+        QCOMPARE(desk.controller->refused(), 2);
+        QCOMPARE(pendant.words, QStringList{QString::fromLatin1(armword::kNotEnabled)});
     }
 
     void whatCannotBeHad()

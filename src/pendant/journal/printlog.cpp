@@ -74,6 +74,11 @@ void PrintLog::close()
 void PrintLog::OutputToLog(const QString &text, int level)
 {
     EventLog::getInstance()->record(QStringLiteral("log"), {text, level});
+    writeLine(text, level);
+}
+
+void PrintLog::writeLine(const QString &text, int level)
+{
     if (!logger())
         return;
     // One entry is one line, whatever the text holds.

@@ -10,7 +10,7 @@ struct Word {
 };
 
 constexpr char kControlHeld[] = "controlHeld";
-constexpr int kLongestHolder = 60; // characters
+constexpr int kLongestPart = 60; // characters
 
 constexpr Word kWords[] = {
     {"notEnabled", QT_TRANSLATE_NOOP("Controller", "未动作：请上电并按住使能键")},
@@ -25,7 +25,7 @@ constexpr Word kWords[] = {
     {"storeRestored", QT_TRANSLATE_NOOP("Controller", "控制器的参数已恢复，请重新打开页面")},
 };
 
-/// A name from outside, without what could hide or disturb the sentence around it.
+/// A name or reason from outside, without what could hide or disturb the sentence around it.
 QString shown(const QString &name)
 {
     QString visible;
@@ -33,7 +33,7 @@ QString shown(const QString &name)
         if (c.isPrint())
             visible.append(c);
     }
-    return visible.simplified().left(kLongestHolder);
+    return visible.simplified().left(kLongestPart);
 }
 
 } // namespace
@@ -48,4 +48,12 @@ QString controllerWord(const QString &message, const QString &holder)
             return QCoreApplication::translate("Controller", known.text);
     }
     return message.left(kLongestWord);
+}
+
+QString refusalWord(const QString &reason)
+{
+    const QString why = shown(reason);
+    if (why.isEmpty())
+        return QCoreApplication::translate("Controller", "控制器拒绝了该设置");
+    return QCoreApplication::translate("Controller", "控制器拒绝了该设置：%1").arg(why);
 }

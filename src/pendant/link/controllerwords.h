@@ -9,3 +9,7 @@ constexpr int kLongestWord = 200;
 /// the screen, anything else as it came, cut to kLongestWord. `holder` is the pendant that has
 /// control, for the word that is about it; empty where the controller does not say it.
 QString controllerWord(const QString &message, const QString &holder = {});
+
+/// What the controller says of a message that it has not carried out, with its reason, a short text
+/// of its own; without a reason where there is nothing printable in it.
+QString refusalWord(const QString &reason);

@@ -3,6 +3,7 @@
 #include "robot.h"
 
 #include <QElapsedTimer>
+#include <QHash>
 #include <QPointer>
 #include <QTimer>
 
@@ -37,6 +38,10 @@ struct Robot::Private {
     void applyJobCheck(const QByteArray &body);
     /// Shows what a status message says to the operator.
     void say(const QString &message, const QString &holder);
+    /// Tells that a message was not carried out: in the journal each time, on the screen and in the
+    /// log once a second for the same id and reason.
+    void sayRefused(const Json::Value &status);
+    void show(const QString &text);
 
     Robot *q;
     LinkTimes times;
@@ -51,6 +56,7 @@ struct Robot::Private {
     bool hasBeenConnected = false; ///< in this run of the program
     QString lastFailure; ///< of the attempts since the link was last up
     QElapsedTimer sinceWarning;
+    QHash<QString, QElapsedTimer> refusalsShown; ///< within the last second, by what was said
     quint64 refused = 0;
 
     bool simulated = false;

@@ -5,6 +5,7 @@
 #include "eventlog.h"
 #include "jobfault.h"
 #include "morerobot.h"
+#include "printlog.h"
 #include "robot.h"
 #include "robotprivate.h"
 #include "snackbarmessage.h"
@@ -219,8 +220,8 @@ void Robot::receiveMessage(unsigned short id, const QByteArray &body)
 }
 
 // {"robot": int, "servo": int, "deadman": 0 or 1, "teachMode": 0 to 2, "kinematicType": 1 to 12,
-// "message": text, "holder": text}. Each key but the first is optional; one that is unreadable or
-// out of range changes nothing. A message comes in one status only.
+// "message": text, "holder": text, "id": int, "reason": text}. Each key but the first is optional;
+// one that is unreadable or out of range changes nothing. A message comes in one status only.
 void Robot::Private::applyStatus(const QByteArray &body)
 {
     const std::optional<Json::Value> status = wire::parseObject(body);
@@ -250,6 +251,10 @@ void Robot::Private::applyStatus(const QByteArray &body)
     const std::optional<QString> message = wire::text(*status, "message");
     if (!message)
         return;
+    if (*message == QLatin1String("refused")) {
+        sayRefused(*status);
+        return;
+    }
     say(*message, wire::text(*status, "holder").value_or(QString()));
     if (*message == QLatin1String("storeDamaged"))
         emit q->storeDamaged(wire::text(*status, "copy").value_or(QString()).left(kLongestDay));
@@ -284,8 +289,6 @@ void Robot::Private::applyJobCheck(const QByteArray &body)
 
 void Robot::Private::say(const QString &message, const QString &holder)
 {
-    constexpr int kShown = 5000; // milliseconds
-    constexpr int kWarning = 3;
     const QString text = controllerWord(message, holder);
     if (text.isEmpty())
         return;
@@ -293,6 +296,39 @@ void Robot::Private::say(const QString &message, const QString &holder)
     if (!holder.isEmpty())
         entry.append(holder.left(kLongestWord));
     EventLog::getInstance()->record(QStringLiteral("controller"), entry);
+    show(text);
+}
+
+void Robot::Private::show(const QString &text)
+{
+    constexpr int kShown = 5000; // milliseconds
+    constexpr int kWarning = 3;
     SnackbarMessage::showMessage(text, kShown, kWarning, true);
     emit q->controllerSaid(text);
+}
+
+// "id" is the number of the refused message, "reason" what is wrong with it; both are optional.
+void Robot::Private::sayRefused(const Json::Value &status)
+{
+    constexpr qint64 kBetween = 1000; // milliseconds
+    constexpr int kMostShown = 5; // of different ones in that time
+    constexpr int kWarningLine = 2;
+    const int number = wire::integer(status, "id").value_or(-1);
+    const QString id = number >= 0 && number <= 0xffff
+        ? QStringLiteral("0x%1").arg(number, 4, 16, QLatin1Char('0'))
+        : QString();
+    const QString reason = wire::text(status, "reason").value_or(QString()).left(kLongestWord);
+    EventLog::getInstance()->record(QStringLiteral("controller"),
+                                    {QStringLiteral("refused"), id, reason});
+
+    for (auto shown = refusalsShown.begin(); shown != refusalsShown.end();)
+        shown = shown->hasExpired(kBetween) ? refusalsShown.erase(shown) : std::next(shown);
+    const QString key = id + QLatin1Char(' ') + reason;
+    if (refusalsShown.contains(key) || refusalsShown.size() >= kMostShown)
+        return;
+    refusalsShown[key].start();
+    const QString text = refusalWord(reason);
+    PrintLog::writeLine(id.isEmpty() ? text : QStringLiteral("%1 (%2)").arg(text, id),
+                        kWarningLine);
+    show(text);
 }
