@@ -383,7 +383,7 @@ private slots:
             status("{\"robot\":1,\"message\":\"refused\"" + keys + "}");
             return said.count() == 1;
         };
-        QTRY_VERIFY(isTold());
+        QVERIFY(QTest::qWaitFor(isTold));
         PrintLog::close();
         QCOMPARE(said.first().first().toString(), text);
 
@@ -426,8 +426,8 @@ private slots:
             counted += entry.kind == QLatin1String("controller") ? entry.count : 0;
         QCOMPARE(counted, kFlood);
         // It is shown again later, and so is another reason, but not hundreds of them.
-        QTRY_VERIFY(isShown("flood"));
-        QTRY_VERIFY(isShown("another"));
+        QVERIFY(QTest::qWaitFor([&] { return isShown("flood"); }));
+        QVERIFY(QTest::qWaitFor([&] { return isShown("another"); }));
         time.restart();
         shown = 0;
         for (int i = 0; i < kFlood; ++i)
