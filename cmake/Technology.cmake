@@ -36,6 +36,8 @@ if(TECHNOLOGY_SIMULATOR)
   pkg_check_modules(KDL REQUIRED IMPORTED_TARGET GLOBAL orocos-kdl)
 endif()
 
+include(TechnologyPlatform)
+
 # The options of one target: C++17, warnings, sanitizers and Qt's code generators.
 function(technology_target target)
   set_target_properties(${target} PROPERTIES AUTOMOC ON AUTOUIC ON AUTORCC ON)
@@ -61,13 +63,6 @@ function(technology_precompile target)
   target_compile_options(${target} PRIVATE -Winvalid-pch)
 endfunction()
 
-# The headers of the contract become sources of the target that implements them, so that moc reads
-# them there.
-function(technology_implements_platform target)
-  get_target_property(headers technology_platform TECHNOLOGY_HEADERS)
-  target_sources(${target} PRIVATE ${headers})
-endfunction()
-
 # Builds the English texts translations/<name>_en.ts into the target, as :/i18n/<name>_en.qm of the
 # resource <name>_english.
 function(technology_english target name)
@@ -88,14 +83,17 @@ function(technology_english target name)
   target_sources(${target} PRIVATE ${code})
 endfunction()
 
-# A test program of tests/, registered with ctest under its own name.
+# A test program of tests/, registered with ctest under its own name. PLAIN: without the headers
+# that are read once for all, which hold only for programs with the same definitions.
 function(technology_test name)
-  cmake_parse_arguments(arg "" "TIMEOUT" "SOURCES;LIBS" ${ARGN})
+  cmake_parse_arguments(arg "PLAIN" "TIMEOUT" "SOURCES;LIBS" ${ARGN})
   add_executable(${name} ${arg_SOURCES})
   technology_target(${name})
   target_link_libraries(${name} PRIVATE ${arg_LIBS} ${TECHNOLOGY_QT_PREFIX}::Test)
-  target_precompile_headers(${name} REUSE_FROM technology_test_headers)
-  target_compile_options(${name} PRIVATE -Winvalid-pch)
+  if(NOT arg_PLAIN)
+    target_precompile_headers(${name} REUSE_FROM technology_test_headers)
+    target_compile_options(${name} PRIVATE -Winvalid-pch)
+  endif()
   add_test(NAME ${name} COMMAND ${name})
   if(NOT arg_TIMEOUT)
     set(arg_TIMEOUT 300)
