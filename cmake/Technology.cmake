@@ -38,6 +38,10 @@ endif()
 
 include(TechnologyPlatform)
 
+# Where the headers stand once they are installed.
+include(GNUInstallDirs)
+set(TECHNOLOGY_HEADER_DIR ${CMAKE_INSTALL_INCLUDEDIR}/technology)
+
 # The options of one target: C++17, warnings, sanitizers and Qt's code generators.
 function(technology_target target)
   set_target_properties(${target} PROPERTIES AUTOMOC ON AUTOUIC ON AUTORCC ON)
