@@ -10,6 +10,7 @@
 #include <cerrno>
 #include <cstring>
 #include <fcntl.h>
+#include <iterator>
 #include <sys/file.h>
 #include <sys/stat.h>
 #include <unistd.h>
@@ -53,9 +54,10 @@ void writeHolder(int file)
 /// Names come from a file: nothing in them may break a line or reach a terminal.
 QString cleaned(const QByteArray &bytes)
 {
-    QString text = QString::fromUtf8(bytes);
-    text.erase(std::remove_if(text.begin(), text.end(), [](QChar c) { return !c.isPrint(); }),
-               text.end());
+    const QString whole = QString::fromUtf8(bytes);
+    QString text;
+    std::copy_if(whole.begin(), whole.end(), std::back_inserter(text),
+                 [](QChar c) { return c.isPrint(); });
     return text;
 }
 
