@@ -102,8 +102,8 @@ QVector<JobStore::File> JobStore::list(int robot, Order order) const
     for (const Unsaved &job : m_unsaved) {
         if (job.robot != robot)
             continue;
-        const auto found = std::find_if(
-            jobs.begin(), jobs.end(), [&](const File &file) { return file.name == job.name; });
+        const auto found = std::find_if(jobs.begin(), jobs.end(),
+                                        [&](const File &file) { return file.name == job.name; });
         if (found != jobs.end() && found->kind != JobDirectory::File)
             found->changed = {}; // what is in its way is not its file
         if (found == jobs.end())
