@@ -14,6 +14,7 @@
 #include <fcntl.h>
 #include <sys/stat.h>
 #include <unistd.h>
+#include <vector>
 
 namespace {
 
@@ -195,17 +196,16 @@ QByteArray JobDirectory::read(const QString &fileName, qint64 most, QString *err
         *error = tr("文件太大");
     QByteArray bytes;
     bytes.reserve(static_cast<int>(std::min<qint64>(state.st_size, most) + kBlock));
+    std::vector<char> block(kBlock);
     while (error->isEmpty()) {
-        const auto size = bytes.size();
-        bytes.resize(size + kBlock);
-        const ssize_t count = ::read(file, bytes.data() + size, kBlock);
-        const int number = errno;
-        bytes.resize(size + (count > 0 ? static_cast<int>(count) : 0));
+        const ssize_t count = ::read(file, block.data(), block.size());
         if (count == 0)
             break;
-        if (count < 0 && number != EINTR)
-            *error = wordsOf(number);
-        else if (bytes.size() > most)
+        if (count > 0)
+            bytes.append(block.data(), static_cast<int>(count));
+        else if (errno != EINTR)
+            *error = wordsOf(errno);
+        if (error->isEmpty() && bytes.size() > most)
             *error = tr("文件太大");
     }
     if (file >= 0)
