@@ -24,6 +24,9 @@ class TestPallet : public QObject {
     std::unique_ptr<Desk> desk;
     Robot *robot = Robot::getInstance();
 
+    /// For the replies to a list of 9999, on a machine with other work; milliseconds.
+    static constexpr int kLongest = 60000;
+
     using Signal = void (Robot::*)(const QByteArray &);
 
     static Json::Value address(int robotNumber, const Json::Value &craft, int graphic = 0)
@@ -50,13 +53,13 @@ class TestPallet : public QObject {
     {
         QSignalSpy reply(robot, signal);
         send(id, body);
-        const bool came = QTest::qWaitFor([&] { return reply.count() >= count; });
+        const bool came = QTest::qWaitFor([&] { return reply.count() >= count; }, kLongest);
         if (!came)
             return {};
         // A read of something else is answered behind the last one: there are no more than that.
         QSignalSpy mode(robot, &Robot::robot_switchpalletmode);
         send(message::GetPalletMode, address(4, 9));
-        if (!QTest::qWaitFor([&] { return !mode.isEmpty(); }) || reply.count() != count)
+        if (!QTest::qWaitFor([&] { return !mode.isEmpty(); }, kLongest) || reply.count() != count)
             return {};
         std::vector<Json::Value> replies;
         for (const QList<QVariant> &arguments : reply)
