@@ -72,6 +72,7 @@ private slots:
         peer = std::make_unique<RawPeer>();
         Robot::LinkTimes times;
         times.silence = 600000; // this controller says nothing by itself
+        times.greeting = 600000;
         times.pauses = {1};
         robot->setLinkTimes(times);
         robot->connectToController(QStringLiteral("127.0.0.1"), peer->port());
@@ -249,7 +250,7 @@ private slots:
         QVERIFY(page->answer(2));
         page->choose(5);
         peer->socket()->abort();
-        QTRY_COMPARE(robot->link(), Robot::Link::Lost);
+        QTRY_COMPARE_WITH_TIMEOUT(robot->link(), Robot::Link::Lost, 20000);
         QVERIFY(meet());
         QVERIFY(page->answer(2));
         QCOMPARE(page->number(), 2);

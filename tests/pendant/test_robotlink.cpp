@@ -378,15 +378,18 @@ private slots:
             int drawn = 0;
         };
         constexpr int kMessages = 200;
+        constexpr int kPatience = 60000; // milliseconds; reached only when something is wrong
         RawPeer peer;
-        robot->setLinkTimes(quickTimes());
+        Robot::LinkTimes times = quickTimes();
+        times.silence = times.greeting = kPatience;
+        robot->setLinkTimes(times);
         robot->connectToController(QStringLiteral("127.0.0.1"), peer.port());
-        QTRY_VERIFY(peer.socket());
+        QTRY_VERIFY_WITH_TIMEOUT(peer.socket(), kPatience);
         peer.send(wire::HelloAnswer, "{\"protocol\":1,\"role\":\"controller\"}");
-        QTRY_VERIFY(robot->isConnected());
+        QTRY_VERIFY_WITH_TIMEOUT(robot->isConnected(), kPatience);
         Screen screen;
         screen.show();
-        QVERIFY(QTest::qWaitForWindowExposed(&screen));
+        QVERIFY(QTest::qWaitForWindowExposed(&screen, kPatience));
         int received = 0;
         int drawnBefore = 0;
         int drawnAfter = 0;
@@ -401,7 +404,7 @@ private slots:
         for (int i = 0; i < kMessages; ++i)
             bytes += wire::encodeFrame(wire::reply::robot_Polish_Para, "{}");
         peer.send(bytes);
-        QTRY_VERIFY(received >= kMessages);
+        QTRY_VERIFY_WITH_TIMEOUT(received >= kMessages, kPatience);
         QVERIFY2(drawnAfter - drawnBefore > 5,
                  qPrintable(QString::number(drawnAfter - drawnBefore)));
     }

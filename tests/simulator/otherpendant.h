@@ -18,9 +18,11 @@ struct OtherPendant {
         Json::Value greeting(Json::objectValue);
         if (!name.isNull())
             greeting["name"] = name.toStdString();
+        constexpr int kPatience = 60000; // milliseconds; reached only when something is wrong
         auto *socket = new QTcpSocket;
-        connection = std::make_unique<wire::Connection>(socket, wire::Connection::Role::Pendant,
-                                                        greeting, wire::Timing());
+        connection =
+            std::make_unique<wire::Connection>(socket, wire::Connection::Role::Pendant, greeting,
+                                               wire::Timing{1000, kPatience, kPatience});
         QObject::connect(connection.get(), &wire::Connection::received,
                          [this](quint16 id, const QByteArray &body) {
                              if (id == wire::Status)

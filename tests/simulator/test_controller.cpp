@@ -13,6 +13,7 @@
 
 namespace {
 
+constexpr int kPatience = 60000; // milliseconds; reached only when something is wrong
 const QByteArray kGet = "{\"craftID\":3,\"robot\":1}\n";
 /// Refused because of its "cycle".
 const QByteArray kNegativeCycle =
@@ -322,32 +323,40 @@ private slots:
     void strangersWait()
     {
         constexpr int kWaiting = 16;
-        Desk desk;
-        OtherPendant pendant(desk.controller->port());
-        QTRY_VERIFY(pendant.connection->isOpen());
+        QTemporaryDir directory;
+        SimulatedController controller;
+        SimulatedController::Options options;
+        options.directory = directory.path();
+        options.timing = {1000, kPatience, kPatience}; // none of them goes for want of time
+        QString error;
+        QVERIFY2(controller.start(options, &error), qPrintable(error));
+        OtherPendant pendant(controller.port());
+        QTRY_VERIFY_WITH_TIMEOUT(pendant.connection->isOpen(), kPatience);
         const auto isConnected = [](const std::unique_ptr<QTcpSocket> &socket) {
             return socket->state() == QAbstractSocket::ConnectedState;
         };
         std::vector<std::unique_ptr<QTcpSocket>> strangers;
         const auto connectOne = [&] {
             strangers.push_back(std::make_unique<QTcpSocket>());
-            strangers.back()->connectToHost(QHostAddress::LocalHost, desk.controller->port());
+            strangers.back()->connectToHost(QHostAddress::LocalHost, controller.port());
             const int expected = std::min(static_cast<int>(strangers.size()), kWaiting) + 1;
-            return QTest::qWaitFor([&] {
-                return isConnected(strangers.back())
-                    && desk.controller->findChildren<wire::Connection *>().size() == expected;
-            });
+            return QTest::qWaitFor(
+                [&] {
+                    return isConnected(strangers.back())
+                        && controller.findChildren<wire::Connection *>().size() == expected;
+                },
+                kPatience);
         };
         for (int i = 0; i < kWaiting; ++i)
             QVERIFY(connectOne());
         QVERIFY(std::all_of(strangers.begin(), strangers.end(), isConnected));
         QVERIFY(connectOne());
-        QTRY_VERIFY(!isConnected(strangers.front()));
+        QTRY_VERIFY_WITH_TIMEOUT(!isConnected(strangers.front()), kPatience);
         QVERIFY(std::all_of(strangers.begin() + 1, strangers.end(), isConnected));
         QVERIFY(pendant.connection->isOpen());
         // and who has something to say still gets in
-        OtherPendant late(desk.controller->port());
-        QTRY_VERIFY(late.connection->isOpen());
+        OtherPendant late(controller.port());
+        QTRY_VERIFY_WITH_TIMEOUT(late.connection->isOpen(), kPatience);
     }
 
     /// Strangers that come back as often as they are dropped do not keep a pendant out.
@@ -367,9 +376,11 @@ private slots:
         };
         for (int i = 0; i < 24; ++i)
             connectOne();
-        QTRY_VERIFY(dropped > 24);
-        QVERIFY(connectTo(desk));
-        QTRY_COMPARE(desk.controller->pendants(), 1);
+        QTRY_VERIFY_WITH_TIMEOUT(dropped > 24, kPatience);
+        robot->setLinkTimes(quickTimes());
+        robot->connectToController(QStringLiteral("127.0.0.1"), desk.controller->port());
+        QTRY_VERIFY_WITH_TIMEOUT(robot->isConnected(), kPatience);
+        QTRY_COMPARE_WITH_TIMEOUT(desk.controller->pendants(), 1, kPatience);
     }
 
     /// The others are told nothing when somebody goes who never said who he is.
@@ -377,7 +388,7 @@ private slots:
     {
         Desk desk;
         OtherPendant watcher(desk.controller->port());
-        QTRY_VERIFY(watcher.connection->isOpen());
+        QTRY_VERIFY_WITH_TIMEOUT(watcher.connection->isOpen(), kPatience);
         int statuses = 0;
         connect(watcher.connection.get(), &wire::Connection::received, this,
                 [&](quint16 id) { statuses += id == wire::Status ? 1 : 0; });
@@ -387,9 +398,10 @@ private slots:
         for (int i = 0; i < kStrangers; ++i) {
             QTcpSocket stranger;
             stranger.connectToHost(QHostAddress::LocalHost, desk.controller->port());
-            QTRY_COMPARE(stranger.state(), QAbstractSocket::ConnectedState);
+            QTRY_COMPARE_WITH_TIMEOUT(stranger.state(), QAbstractSocket::ConnectedState, kPatience);
             stranger.write("garbage");
-            QTRY_COMPARE(stranger.state(), QAbstractSocket::UnconnectedState);
+            QTRY_COMPARE_WITH_TIMEOUT(stranger.state(), QAbstractSocket::UnconnectedState,
+                                      kPatience);
         }
         QVERIFY(watcher.connection->isOpen());
         QVERIFY(statuses <= taken.elapsed() / 10 + 2); // those that come by themselves

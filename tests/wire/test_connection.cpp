@@ -12,6 +12,9 @@ using wire::Connection;
 namespace {
 
 constexpr wire::Timing kQuick{20, 150, 300};
+/// For a test in which no time limit is to be reached, however busy the machine is.
+constexpr wire::Timing kPatient{1000, 600000, 600000};
+constexpr int kPatience = 60000; // milliseconds; reached only when something is wrong
 
 /// The frames of that many messages, with the ids from 1000 on.
 QByteArray numbered(int count)
@@ -79,11 +82,13 @@ class TestConnection : public QObject {
     static bool meet(RawPeer &peer, wire::Frame *hello = nullptr)
     {
         std::vector<wire::Frame> frames;
-        const bool came = QTest::qWaitFor([&] {
-            if (peer.socket() && frames.empty())
-                frames = peer.takeFrames();
-            return !frames.empty();
-        });
+        const bool came = QTest::qWaitFor(
+            [&] {
+                if (peer.socket() && frames.empty())
+                    frames = peer.takeFrames();
+                return !frames.empty();
+            },
+            kPatience);
         if (came && hello)
             *hello = frames.front();
         return came;
@@ -174,8 +179,8 @@ private slots:
         QFETCH(Connection::Role, role);
         QFETCH(int, length);
         RawPeer peer;
-        End end(peer.port(), {}, role);
-        QTRY_VERIFY(peer.socket());
+        End end(peer.port(), kPatient, role);
+        QTRY_VERIFY_WITH_TIMEOUT(peer.socket(), kPatience);
         const bool isPendant = role == Connection::Role::Pendant;
         const QByteArray greeting = answer(wire::kProtocol, isPendant ? "controller" : "pendant");
         const QByteArray frame = wire::encodeFrame(
@@ -184,7 +189,7 @@ private slots:
         constexpr int kUpToTheLength = 12;
         peer.send(frame.left(kUpToTheLength));
         if (length > wire::kMaxGreetingBody) {
-            QTRY_COMPARE(end.closed.size(), 1);
+            QTRY_COMPARE_WITH_TIMEOUT(end.closed.size(), 1, kPatience);
             QVERIFY(end.closed.first().contains(QLatin1String("longer than allowed")));
             QCOMPARE(end.opened, 0);
             return;
@@ -192,7 +197,7 @@ private slots:
         // behind the greeting a body may be as long as any
         peer.send(frame.mid(kUpToTheLength)
                   + wire::encodeFrame(1000, QByteArray(2 * 1024 * 1024, 'x')));
-        QTRY_COMPARE(static_cast<int>(end.messages.size()), 1);
+        QTRY_COMPARE_WITH_TIMEOUT(static_cast<int>(end.messages.size()), 1, kPatience);
         QCOMPARE(end.opened, 1);
         QVERIFY(end.closed.isEmpty());
     }
@@ -249,10 +254,10 @@ private slots:
     void piecesOfAFrameAreNoSignOfLife()
     {
         RawPeer peer;
-        End end(peer.port(), kQuick);
+        End end(peer.port(), {20, 150, kPatient.greeting});
         QVERIFY(meet(peer));
         peer.send(wire::HelloAnswer, answer());
-        QTRY_COMPARE(end.opened, 1);
+        QTRY_COMPARE_WITH_TIMEOUT(end.opened, 1, kPatience);
         const QByteArray frame = wire::encodeFrame(1000, QByteArray(100000, 'x'));
         int at = 0;
         QTimer drip;
@@ -261,7 +266,7 @@ private slots:
                 peer.send(frame.mid(at++, 1));
         });
         drip.start(5);
-        QTRY_COMPARE(end.closed.size(), 1);
+        QTRY_COMPARE_WITH_TIMEOUT(end.closed.size(), 1, kPatience);
         QVERIFY(end.closed.first().contains(QLatin1String("nothing was heard")));
         QVERIFY(at > 1 && at < frame.size());
         QVERIFY(end.messages.empty());
@@ -372,11 +377,11 @@ private slots:
     {
         constexpr int kMessages = 100;
         RawPeer peer;
-        End end(peer.port());
+        End end(peer.port(), kPatient);
         makeSlow(end, 2);
         QVERIFY(meet(peer));
         peer.send(wire::HelloAnswer, answer());
-        QTRY_COMPARE(end.opened, 1);
+        QTRY_COMPARE_WITH_TIMEOUT(end.opened, 1, kPatience);
         QTimer turns;
         int sinceTurn = 0;
         int most = 0;
@@ -385,7 +390,7 @@ private slots:
                 [&] { most = std::max(most, ++sinceTurn); });
         turns.start(0);
         peer.send(numbered(kMessages));
-        QTRY_VERIFY(static_cast<int>(end.messages.size()) >= kMessages);
+        QTRY_VERIFY_WITH_TIMEOUT(static_cast<int>(end.messages.size()) >= kMessages, kPatience);
         QVERIFY(areNumbered(end.messages, kMessages));
         // A slice holds at most six of 2 ms; two may follow each other when new bytes come.
         QVERIFY2(most <= 12, qPrintable(QString::number(most)));
@@ -402,7 +407,7 @@ private slots:
         QFETCH(QByteArray, end);
         constexpr int kMessages = 60;
         RawPeer peer;
-        End pendant(peer.port());
+        End pendant(peer.port(), kPatient);
         makeSlow(pendant, 2);
         int before = 0;
         connect(pendant.connection.get(), &Connection::closed, this,
@@ -411,7 +416,7 @@ private slots:
         peer.send(wire::encodeFrame(wire::HelloAnswer, answer()) + numbered(kMessages) + end);
         if (end.isEmpty())
             peer.socket()->disconnectFromHost();
-        QTRY_COMPARE(pendant.closed.size(), 1);
+        QTRY_COMPARE_WITH_TIMEOUT(pendant.closed.size(), 1, kPatience);
         QCOMPARE(before, kMessages);
         QVERIFY(areNumbered(pendant.messages, kMessages));
     }
@@ -421,15 +426,15 @@ private slots:
     {
         constexpr int kSize = 1024;
         RawPeer peer;
-        End end(peer.port());
+        End end(peer.port(), kPatient);
         makeSlow(end, 2);
         QVERIFY(meet(peer));
         peer.send(wire::HelloAnswer, answer());
-        QTRY_COMPARE(end.opened, 1);
+        QTRY_COMPARE_WITH_TIMEOUT(end.opened, 1, kPatience);
         for (int i = 0; i < 200; ++i)
             peer.send(1000, QByteArray(kSize, 'x'));
         auto *socket = end.connection->findChild<QTcpSocket *>();
-        QTRY_VERIFY(socket->bytesAvailable() > 40 * kSize);
+        QTRY_VERIFY_WITH_TIMEOUT(socket->bytesAvailable() > 40 * kSize, kPatience);
         const auto expected = static_cast<qint64>(end.messages.size())
             + socket->bytesAvailable() / (wire::kHeaderSize + kSize);
         while (end.connection->send(1000, QByteArray(1024 * 1024, 'x'))) { }
@@ -437,7 +442,7 @@ private slots:
             for (int i = 0; i < 3; ++i)
                 peer.send(2000, QByteArray(kSize, 'x'));
         });
-        QTRY_COMPARE(end.closed.size(), 1);
+        QTRY_COMPARE_WITH_TIMEOUT(end.closed.size(), 1, kPatience);
         QVERIFY(end.closed.first().contains(QLatin1String("does not read")));
         QVERIFY(static_cast<qint64>(end.messages.size()) >= expected);
     }
@@ -447,21 +452,21 @@ private slots:
     {
         constexpr int kMessages = 60;
         RawPeer peer;
-        End end(peer.port());
+        End end(peer.port(), kPatient);
         makeSlow(end, 2);
         bool waited = false;
         connect(end.connection.get(), &Connection::received, this, [&](quint16 id) {
             if (id == 1000) {
                 waited = QTest::qWaitFor(
-                    [&] { return static_cast<int>(end.messages.size()) == kMessages; });
+                    [&] { return static_cast<int>(end.messages.size()) == kMessages; }, kPatience);
             }
         });
         QVERIFY(meet(peer));
         peer.send(wire::encodeFrame(wire::HelloAnswer, answer()) + numbered(kMessages));
-        QTRY_VERIFY(waited);
+        QTRY_VERIFY_WITH_TIMEOUT(waited, kPatience);
         QVERIFY(areNumbered(end.messages, kMessages));
         peer.send(3000, "later");
-        QTRY_COMPARE(static_cast<int>(end.messages.size()), kMessages + 1);
+        QTRY_COMPARE_WITH_TIMEOUT(static_cast<int>(end.messages.size()), kMessages + 1, kPatience);
     }
 
     void receiverWithAnEventLoopOfItsOwn()
@@ -559,15 +564,15 @@ private slots:
     void whatMayWaitForAPeer()
     {
         RawPeer peer;
-        End end(peer.port());
+        End end(peer.port(), kPatient);
         QVERIFY(meet(peer));
         peer.send(wire::HelloAnswer, answer());
-        QTRY_COMPARE(end.opened, 1);
+        QTRY_COMPARE_WITH_TIMEOUT(end.opened, 1, kPatience);
         int sent = 0; // nothing leaves before the event loop runs
         while (sent < 100 && end.connection->send(1000, QByteArray(1024 * 1024, 'x')))
             ++sent;
         QCOMPARE(sent, 4);
-        QTRY_COMPARE(end.closed.size(), 1);
+        QTRY_COMPARE_WITH_TIMEOUT(end.closed.size(), 1, kPatience);
     }
 };
 
