@@ -179,8 +179,10 @@ bool PalletTour::setMode()
         return false;
     if (PromptWidget::getInstance()->isVisible() && !m_operator.touch(name("promptConfirm")))
         return false;
-    if (!m_operator.touchAll({name("PalletEasyNavigationReturn"), name("BtnPalletComplete")})
-        || !answer(name("pallet-mode-question")))
+    // The question comes up once the page knows which mode the craft has.
+    if (!m_operator.touch(name("PalletEasyNavigationReturn"))
+        || !m_operator.shows(name("palletstate"), TechnologyWidget::tr("已设定为简易码垛"))
+        || !m_operator.touch(name("BtnPalletComplete")) || !answer(name("pallet-mode-question")))
         return false;
     m_operator.picture(name("pallet-navigation"));
     return true;

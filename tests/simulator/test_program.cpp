@@ -14,6 +14,8 @@
 
 namespace {
 
+constexpr int kLongest = 60000; // milliseconds; reached only when something is wrong
+
 QString program()
 {
     return QString::fromLocal8Bit(CONTROLLER_PROGRAM);
@@ -78,14 +80,14 @@ class TestProgram : public QObject {
     {
         robot->setLinkTimes(quickTimes());
         robot->connectToController(QStringLiteral("127.0.0.1"), server.port);
-        return QTest::qWaitFor([this] { return robot->isConnected(); });
+        return QTest::qWaitFor([this] { return robot->isConnected(); }, kLongest);
     }
     QByteArray get(int craft)
     {
         QSignalSpy reply(robot, &Robot::robot_Polish_Para);
         robot->sendCommandData(message::GetPolish,
                                "{\"craftID\":" + QByteArray::number(craft) + ",\"robot\":1}");
-        const bool came = QTest::qWaitFor([&] { return !reply.isEmpty(); });
+        const bool came = QTest::qWaitFor([&] { return !reply.isEmpty(); }, kLongest);
         return came ? reply.first().first().toByteArray() : QByteArray();
     }
     void set(int craft, int wear)
