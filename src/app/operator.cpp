@@ -1,6 +1,7 @@
 #include "app/operator.h"
 
 #include "app/pendant.h"
+#include "link/reads.h"
 #include "robot.h"
 #include "veltrixwidgetfoundation.h"
 
@@ -19,7 +20,7 @@
 
 namespace {
 
-constexpr int kPatience = 10000; ///< milliseconds to wait for an answer
+constexpr int kPatience = 60000; ///< milliseconds to wait for an answer
 constexpr int kSettling = 100; ///< milliseconds between two touches
 constexpr int kStandstill = 500; ///< milliseconds of the same position: the arm has come to rest
 
@@ -280,6 +281,10 @@ void Operator::settle()
     QEventLoop loop;
     QTimer::singleShot(kSettling, &loop, &QEventLoop::quit);
     loop.exec();
+    // An answer that is still on its way would fill a page in the middle of the next edit.
+    const QDeadlineTimer deadline(kPatience);
+    while (reads::areOpen() && !deadline.hasExpired())
+        QApplication::processEvents(QEventLoop::AllEvents | QEventLoop::WaitForMoreEvents, 50);
 }
 
 void Operator::picture(const QString &name, QWidget *widget)

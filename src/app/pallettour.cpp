@@ -18,6 +18,8 @@
 
 namespace {
 
+constexpr char kEasyMode[] = "已设定为简易码垛"; // what the page of modes says
+
 constexpr int kCraftRow = 1;
 constexpr int kLayers = 6;
 constexpr int kServoOn = 3;
@@ -181,7 +183,7 @@ bool PalletTour::setMode()
         return false;
     // The question comes up once the page knows which mode the craft has.
     if (!m_operator.touch(name("PalletEasyNavigationReturn"))
-        || !m_operator.shows(name("palletstate"), TechnologyWidget::tr("已设定为简易码垛"))
+        || !m_operator.shows(name("palletstate"), TechnologyWidget::tr(kEasyMode))
         || !m_operator.touch(name("BtnPalletComplete")) || !answer(name("pallet-mode-question")))
         return false;
     m_operator.picture(name("pallet-navigation"));

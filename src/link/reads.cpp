@@ -74,6 +74,13 @@ void note(wire::reply::Id answer, const Numbers &numbers)
         {MoreRobot::getCurrentRobot(), answer, numbers, open.selections > 0, false});
 }
 
+bool areOpen()
+{
+    const std::vector<Read> &open = unanswered().reads;
+    return std::any_of(open.begin(), open.end(),
+                       [](const Read &read) { return !read.isPassedOver; });
+}
+
 bool answersSelection(wire::reply::Id answer, const Numbers &numbers, bool isLast)
 {
     std::vector<Read> &open = unanswered().reads;

@@ -47,4 +47,7 @@ void note(wire::reply::Id answer, const Numbers &numbers);
 /// replies counts with the last of them.
 bool answersSelection(wire::reply::Id answer, const Numbers &numbers, bool isLast = true);
 
+/// Whether an answer is still to come; one that a later answer has overtaken is not waited for.
+bool areOpen();
+
 } // namespace reads

@@ -100,8 +100,10 @@ private slots:
     /// The operator went on before the answer came: it selects, and what that asks anew does not.
     void answersToTheOperatorSelect()
     {
+        QVERIFY(!reads::areOpen());
         page->choose(3);
         page->choose(5);
+        QVERIFY(reads::areOpen());
         QVERIFY(page->answer(3));
         QCOMPARE(page->number(), 3);
         QVERIFY(page->answer(5));
@@ -112,6 +114,7 @@ private slots:
         QVERIFY(page->answer(5));
         QCOMPARE(page->number(), 5);
         QCOMPARE(static_cast<int>(page->asked.size()), 4);
+        QVERIFY(!reads::areOpen());
         QVERIFY(page->answer(3)); // nothing is open any more: this one comes by itself
         QCOMPARE(page->number(), 3);
     }
