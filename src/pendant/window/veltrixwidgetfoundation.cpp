@@ -69,8 +69,7 @@ VeltrixWidgetFoundation::VeltrixWidgetFoundation(QWidget *parent)
 
     connect(m_titleBar, &TitleBar::areaClicked, this, &VeltrixWidgetFoundation::showArea);
     connect(m_titleBar, &TitleBar::lockClicked, this, &VeltrixWidgetFoundation::lock);
-    connect(this, &VeltrixWidgetFoundation::signal_clickUserBtn, this,
-            [this] { showArea(Users); });
+    connect(this, &VeltrixWidgetFoundation::signal_clickUserBtn, this, [this] { showArea(Users); });
     connect(m_keys, &KeyColumn::aboutToChangeRobot, this,
             &VeltrixWidgetFoundation::aboutToChangeRobot);
     connect(m_keys, &KeyColumn::deadmanHeld, m_idleLock, &IdleLock::setHeld);
