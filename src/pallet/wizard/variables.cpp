@@ -63,7 +63,10 @@ void TechnologyWidget::Pallet::initWizardVariables()
     // The row, not the text: another language changes the text alone.
     for (const auto &list : lists)
         connect(list.types, QOverload<int>::of(&QComboBox::currentIndexChanged), &widget,
-                [this, list](int row) { (widget.*list.slot)(list.types->itemText(row)); });
+                [pages = &widget, list](int row) {
+                    const QString type = list.types->itemText(row);
+                    (pages->*list.slot)(type);
+                });
     connect(ui->xyPathOptimization, &SwitchButton::clicked, &widget,
             &TechnologyWidget::changexyPathOptBtnState);
     connect(ui->zPathOptimization, &SwitchButton::clicked, &widget,
