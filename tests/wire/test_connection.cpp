@@ -254,7 +254,7 @@ private slots:
     void piecesOfAFrameAreNoSignOfLife()
     {
         RawPeer peer;
-        End end(peer.port(), {20, 150, kPatient.greeting});
+        End end(peer.port(), {20, 1000, kPatient.greeting});
         QVERIFY(meet(peer));
         peer.send(wire::HelloAnswer, answer());
         QTRY_COMPARE_WITH_TIMEOUT(end.opened, 1, kPatience);
@@ -375,7 +375,7 @@ private slots:
     /// Many messages at once do not keep the event loop from everything else.
     void manyMessagesAreASliceOfEachTurn()
     {
-        constexpr int kMessages = 100;
+        constexpr int kMessages = 40;
         RawPeer peer;
         End end(peer.port(), kPatient);
         makeSlow(end, 2);
@@ -405,7 +405,7 @@ private slots:
     void theEndComesBehindAllSlices()
     {
         QFETCH(QByteArray, end);
-        constexpr int kMessages = 60;
+        constexpr int kMessages = 30;
         RawPeer peer;
         End pendant(peer.port(), kPatient);
         makeSlow(pendant, 2);
@@ -424,17 +424,17 @@ private slots:
     /// What has come when a connection fails is still passed on, and nothing that comes later.
     void aConnectionFailsWhileThePeerGoesOn()
     {
-        constexpr int kSize = 1024;
+        constexpr int kSize = 4096;
         RawPeer peer;
         End end(peer.port(), kPatient);
         makeSlow(end, 2);
         QVERIFY(meet(peer));
         peer.send(wire::HelloAnswer, answer());
         QTRY_COMPARE_WITH_TIMEOUT(end.opened, 1, kPatience);
-        for (int i = 0; i < 200; ++i)
+        for (int i = 0; i < 40; ++i)
             peer.send(1000, QByteArray(kSize, 'x'));
         auto *socket = end.connection->findChild<QTcpSocket *>();
-        QTRY_VERIFY_WITH_TIMEOUT(socket->bytesAvailable() > 40 * kSize, kPatience);
+        QTRY_VERIFY_WITH_TIMEOUT(socket->bytesAvailable() > 10 * kSize, kPatience);
         const auto expected = static_cast<qint64>(end.messages.size())
             + socket->bytesAvailable() / (wire::kHeaderSize + kSize);
         while (end.connection->send(1000, QByteArray(1024 * 1024, 'x'))) { }
@@ -450,7 +450,7 @@ private slots:
     /// The receiver of the first message waits for the last of many, which takes several slices.
     void waitingReceiverGetsAllSlices()
     {
-        constexpr int kMessages = 60;
+        constexpr int kMessages = 30;
         RawPeer peer;
         End end(peer.port(), kPatient);
         makeSlow(end, 2);
